@@ -1,0 +1,104 @@
+#pragma once
+// Everything the system treats as global state for one run, on one database: the data folder, the
+// active date, the open schedule, the access flags, the global settings, the open connection and the
+// ports to the world. One object, passed by reference; a test may open as many as it likes.
+
+#include "common/clock.h"
+#include "common/date_time.h"
+#include "common/display_format.h"
+#include "common/global_settings.h"
+#include "common/ui.h"
+#include "common/user_settings.h"
+
+#include <memory>
+#include <stdexcept>
+#include <string>
+
+namespace tallymere::store {
+class Database;
+}
+
+namespace tallymere::common {
+
+// Thrown where the system "ends at once": nothing after that point may run. The app catches it at
+// the top of every event and closes without the saves of a normal exit (ExitNow is set).
+class ProgramEnd : public std::runtime_error {
+public:
+    ProgramEnd() : std::runtime_error("Tallymere is ending") {}
+};
+
+struct UserRights {
+    // True where user mode lacks the right; all false in owner mode.
+    bool noSchedule = false;
+    bool noEmployeeView = false;
+    bool noEmployee = false;
+    bool noPosition = false;
+    bool noShift = false;
+    bool noSection = false;
+    bool noPayroll = false;
+    bool noStaffLevels = false;
+};
+
+class Session {
+public:
+    Session(Ui& ui, UserSettings& userSettings, const Clock& clock);
+    ~Session();
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+
+    Ui& ui() { return ui_; }
+    UserSettings& userSettings() { return userSettings_; }
+    const Clock& clock() const { return clock_; }
+    store::Database& db() { return *db_; }
+
+    static constexpr const char* kAppTitle = "Tallymere";
+    static constexpr const char* kDatabaseFileName = "Tallymere.db";
+    static constexpr const char* kTemplateFileName = "TMDataStructure.tmx";
+    static constexpr const char* kUnassignedName = "**Unassigned**";
+    static constexpr const char* kUndoScheduleName = "*undo*";
+
+    // Sets the data folder and the database path beside it.
+    void setDataFolder(const std::string& folder);
+    const std::string& DataFolder() const { return dataFolder_; }
+    const std::string& DatabasePath() const { return databasePath_; }
+
+    // The folder of the program: template, shipped database, sound and help live there.
+    std::string programFolder;
+
+    // Ends the program at once: sets ExitNow and throws ProgramEnd.
+    [[noreturn]] void endProgram();
+    // True once the end has been asked for; the app leaves its event loop when it sees it.
+    bool endRequested() const { return endRequested_; }
+
+    bool ExitNow = false;
+    bool PasswordPassed = true;
+    bool IsUserMode = false;
+    UserRights rights;
+
+    Date activeDate;
+    std::string currentSchedule;  // `sname` of the open schedule file; empty when none is open
+    long currentEmployee = 0;     // `personid` of the employee picked in the daily list
+    bool refreshWanted = false;   // raised by every change to `sched`; windows refresh on activation
+
+    // The schedule entries the undo snapshot covers.
+    Date undoFrom;
+    Date undoTo;
+
+    GlobalSettings settings;
+    FormatLocale locale;
+
+    // Display formats fixed at start.
+    std::string reportDateFormat = "short date";
+    std::string dailyHeadingFormat = "dddd mmm dd, yyyy";
+
+private:
+    Ui& ui_;
+    UserSettings& userSettings_;
+    const Clock& clock_;
+    std::unique_ptr<store::Database> db_;
+    std::string dataFolder_;
+    std::string databasePath_;
+    bool endRequested_ = false;
+};
+
+}  // namespace tallymere::common

@@ -1,0 +1,235 @@
+// The access layer: quoting, bound values, the snapshot recordset, and what each kind of engine
+// failure does to the user and to the run.
+
+#include "store/access.h"
+#include "store/database.h"
+#include "store/template_builder.h"
+#include "support/test_database.h"
+
+#include <filesystem>
+#include <fstream>
+
+namespace tallymere::testing {
+namespace {
+
+using store::DbError;
+using store::DbErrorKind;
+using store::GetRecs;
+using store::InsertRecs;
+using store::Recordset;
+namespace fs = std::filesystem;
+
+TEST(Chkfld, QuotesAreDoubledAfterTheCut) {
+    EXPECT_EQ(store::chkfld("O'Brien'''"), "O''Brien''''''");
+    EXPECT_EQ(store::chkfld("'a'b'"), "''a''b''");
+    EXPECT_EQ(store::chkfld(std::string(300, 'x')), std::string(255, 'x'));
+    EXPECT_EQ(store::chkfld(std::string(255, '\'')), std::string(510, '\''));
+    EXPECT_EQ(store::chkfld("   padded  "), "padded");
+    EXPECT_EQ(store::chkfld(store::Value()), "");
+    // A multi-byte character is never cut in half.
+    const std::string e = "\xC3\xA9";  // é
+    std::string longName;
+    for (int i = 0; i < 300; ++i) longName += e;
+    EXPECT_EQ(store::chkfld(longName).size(), 255 * e.size());
+}
+
+TEST(Chknull, NullIsEmptyAndTextIsTrimmed) {
+    EXPECT_EQ(store::chknull(store::Value()), "");
+    EXPECT_EQ(store::chknull(" Smith "), "Smith");
+    EXPECT_EQ(store::chknull(42), "42");
+}
+
+using AccessTest = DatabaseTest;
+
+TEST_F(AccessTest, NamesWithQuotesAndSqlAreStoredAndFoundAgain) {
+    for (const std::string name : {"O'Brien", "x'); drop table person; --", "\"Quoted\" Name", "  Trimmed  "}) {
+        ASSERT_TRUE(InsertRecs(s(), "insert into person (lname, fname, active) values (?, ?, true)", {name, "Pat"}));
+        Recordset rs = GetRecs(s(), "select * from person where lname = ?", {name});
+        ASSERT_EQ(rs.RecordCount(), 1u) << name;
+        EXPECT_EQ(rs["lname"].text(), store::chknull(name));
+    }
+    EXPECT_EQ(GetRecs(s(), "select * from person").RecordCount(), 5u);  // the sample employee and four
+    EXPECT_TRUE(ui.messages.empty());
+}
+
+TEST_F(AccessTest, TextIsCutTo255AndComparedWithoutCase) {
+    InsertRecs(s(), "insert into section (name, description) values (?, ?)", {"Kitchen", std::string(300, 'd')});
+    Recordset rs = GetRecs(s(), "select * from section where name = ?", {"KITCHEN"});
+    ASSERT_EQ(rs.RecordCount(), 1u);
+    EXPECT_EQ(rs["DESCRIPTION"].text().size(), 255u);
+}
+
+TEST_F(AccessTest, RecordsetIsASnapshotWithNullsToldApart) {
+    InsertRecs(s(), "insert into section (name) values (?)", {"Bar"});
+    Recordset rs = GetRecs(s(), "select name, description from section");
+    ASSERT_EQ(rs.RecordCount(), 1u);
+    EXPECT_TRUE(rs["description"].isNull());
+    EXPECT_EQ(rs["description"].text(), "");
+    EXPECT_TRUE(rs["no such column"].isNull());
+    InsertRecs(s(), "insert into section (name) values (?)", {"Floor"});
+    EXPECT_EQ(rs.RecordCount(), 1u);
+    rs.MoveNext();
+    EXPECT_TRUE(rs.eof());
+}
+
+TEST_F(AccessTest, DatesAreBoundAsValuesNotDisplayText) {
+    const auto start = common::DateTime::fromParts(2026, 11, 23, 22, 0);
+    InsertRecs(s(), "insert into sched (personid, lname, sday, strttime, endtime, sname) values (?,?,?,?,?,?)",
+               {-1, "**Unassigned**", start.date(), start, start.addHours(8), "Main"});
+    Recordset rs = GetRecs(s(), "select * from sched where sday = ? and strttime >= ?",
+                           {common::Date::fromYmd(2026, 11, 23), common::DateTime::fromParts(2026, 11, 23)});
+    ASSERT_EQ(rs.RecordCount(), 1u);
+    EXPECT_EQ(rs["sday"].text(), "2026-11-23");
+    EXPECT_EQ(rs["endtime"].toDateTime(), common::DateTime::fromParts(2026, 11, 24, 6, 0));
+}
+
+TEST_F(AccessTest, StatementsAreReusedNotPreparedAgain) {
+    const std::size_t before = s().db().preparedCount();
+    for (int i = 0; i < 20; ++i) GetRecs(s(), "select * from person where personid = ?", {i});
+    EXPECT_EQ(s().db().preparedCount() - before, 1u);
+}
+
+TEST_F(AccessTest, ReadAfterCloseReconnectsWithoutAWord) {
+    store::CloseDB(s());
+    EXPECT_FALSE(s().db().isOpen());
+    EXPECT_EQ(GetRecs(s(), "select * from person").RecordCount(), 1u);
+    EXPECT_TRUE(s().db().isOpen());
+    EXPECT_TRUE(ui.messages.empty());
+    EXPECT_FALSE(s().ExitNow);
+}
+
+TEST_F(AccessTest, UdateRecsWorksWhileTheSharedConnectionIsClosed) {
+    store::CloseDB(s());
+    EXPECT_TRUE(store::UdateRecs(s(), "update person set city = ? where lname = ?", {"Dayton", "Sample"}));
+    EXPECT_FALSE(s().db().isOpen());
+    EXPECT_EQ(GetRecs(s(), "select city from person")["city"].text(), "Dayton");
+}
+
+TEST_F(AccessTest, FailedActionsSayWhichOperationAndKeepGoing) {
+    EXPECT_FALSE(InsertRecs(s(), "insert into nosuchtable (x) values (?)", {1}));
+    EXPECT_FALSE(store::DeleteRecs(s(), "delete from nosuchtable"));
+    EXPECT_FALSE(store::UdateRecs(s(), "update nosuchtable set x = 1"));
+    ASSERT_EQ(ui.messages.size(), 3u);
+    EXPECT_EQ(ui.messages[0].text.rfind("Unable to update database [InsertRecs].no such table", 0), 0u);
+    EXPECT_EQ(ui.messages[1].text.rfind("Unable to update database [DeleteRecs].", 0), 0u);
+    EXPECT_EQ(ui.messages[2].text.rfind("Unable to update database [UdateRecs].", 0), 0u);
+    EXPECT_EQ(ui.messages[0].icon, MsgIcon::Critical);
+    EXPECT_EQ(ui.messages[0].title, "Tallymere");
+    EXPECT_FALSE(s().ExitNow);
+    // An update that matches nothing is no error.
+    EXPECT_TRUE(store::UdateRecs(s(), "update person set city = 'x' where personid = ?", {999}));
+}
+
+TEST_F(AccessTest, ABadSelectSetsExitNowAndGivesAnEmptyResult) {
+    Recordset rs = GetRecs(s(), "select * from nosuchtable");
+    EXPECT_FALSE(rs.isOpen());
+    EXPECT_EQ(rs.RecordCount(), 0u);
+    EXPECT_TRUE(s().ExitNow);
+    ASSERT_EQ(ui.messages.size(), 1u);
+    EXPECT_EQ(ui.messages[0].text.rfind("Error occurred reading the Tallymere database " + s().DatabasePath() +
+                                            ". (Error number1) no such table",
+                                        0),
+              0u);
+}
+
+TEST_F(AccessTest, ThreeLostConnectionsEndInErrorReadingData) {
+    int selects = 0;
+    s().db().setFaultInjector([&](std::string_view op, std::string_view) -> std::optional<DbError> {
+        if (op != "select") return std::nullopt;
+        ++selects;
+        return DbError{DbErrorKind::LostConnection, 10, "disk I/O error"};
+    });
+    Recordset rs = GetRecs(s(), "select * from person");
+    EXPECT_EQ(selects, 3);
+    EXPECT_FALSE(rs.isOpen());
+    EXPECT_TRUE(s().ExitNow);
+    ASSERT_EQ(ui.messages.size(), 1u);
+    EXPECT_EQ(ui.messages[0].text, "Unable to read data from the Tallymere database. Error number 10, disk I/O error");
+    EXPECT_EQ(ui.messages[0].title, "Error reading data");
+}
+
+TEST_F(AccessTest, ALostConnectionThatComesBackIsRetriedSilently) {
+    int selects = 0;
+    s().db().setFaultInjector([&](std::string_view op, std::string_view) -> std::optional<DbError> {
+        if (op == "select" && ++selects == 1) return DbError{DbErrorKind::LostConnection, 10, "disk I/O error"};
+        return std::nullopt;
+    });
+    EXPECT_EQ(GetRecs(s(), "select * from person").RecordCount(), 1u);
+    EXPECT_TRUE(ui.messages.empty());
+}
+
+TEST_F(AccessTest, AMissingFileWhileReadingEndsTheProgram) {
+    store::CloseDB(s());
+    fs::remove(s().DatabasePath());
+    EXPECT_THROW(GetRecs(s(), "select * from person"), common::ProgramEnd);
+    EXPECT_TRUE(s().ExitNow);
+    ASSERT_EQ(ui.messages.size(), 1u);
+    EXPECT_EQ(ui.messages[0].icon, MsgIcon::Critical);
+    EXPECT_NE(ui.messages[0].text.find("proper direcotry"), std::string::npos);
+}
+
+TEST_F(AccessTest, AReadOnlyFileCannotBeOpened) {
+    store::CloseDB(s());
+    fs::permissions(s().DatabasePath(), fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write,
+                    fs::perm_options::remove);
+    EXPECT_FALSE(store::ConnectDB(s()));
+    EXPECT_TRUE(s().ExitNow);
+    ASSERT_EQ(ui.messages.size(), 1u);
+    EXPECT_EQ(ui.messages[0].title, "Open Connection Error");
+    EXPECT_EQ(ui.messages[0].icon, MsgIcon::Exclamation);
+}
+
+TEST_F(AccessTest, AFileThatIsNoDatabaseIsToldAtStart) {
+    store::CloseDB(s());
+    {
+        std::ofstream out(s().DatabasePath(), std::ios::binary | std::ios::trunc);
+        out << std::string(4096, 'x');
+    }
+    Recordset rs;
+    EXPECT_THROW(store::ConnectDB(s()), common::ProgramEnd);  // cannot be repaired
+    EXPECT_TRUE(ui.shown("Unable to repair database. Tallymere will exit."));
+    // The user's file is left as it was.
+    EXPECT_EQ(fs::file_size(s().DatabasePath()), 4096u);
+
+    ui.clear();
+    s().ExitNow = false;
+    EXPECT_FALSE(store::TryGetRecs(s(), "select optionvalue from options where optionname=?", rs, {"passwordowner"}));
+    ASSERT_EQ(ui.messages.size(), 1u);
+    EXPECT_EQ(ui.messages[0].text, "The file " + s().DatabasePath() + " is not a valid Tallymere file.");
+}
+
+TEST_F(AccessTest, AnotherProgramsDatabaseIsNotTakenForOurs) {
+    store::CloseDB(s());
+    fs::remove(s().DatabasePath());
+    ASSERT_EQ(store::buildTemplate(s().DatabasePath(), "create table options (optionname text, optionvalue text);", "", 0), "");
+    Recordset rs;
+    EXPECT_FALSE(store::TryGetRecs(s(), "select * from options", rs));
+    EXPECT_TRUE(ui.shown("The file " + s().DatabasePath() + " is not a valid Tallymere file."));
+}
+
+TEST_F(AccessTest, ATruncatedDatabaseIsRepairedAndTheOriginalKept) {
+    for (int i = 0; i < 3000; ++i)
+        InsertRecs(s(), "insert into person (lname, fname, lnote) values (?, ?, ?)",
+                   {"Name" + std::to_string(i), "F", std::string(100, 'n')});
+    store::CloseDB(s());
+    const auto size = fs::file_size(s().DatabasePath());
+    fs::resize_file(s().DatabasePath(), size * 6 / 10);
+    ASSERT_TRUE(store::ConnectDB(s()));
+
+    Recordset rs = GetRecs(s(), "select * from person");
+    EXPECT_TRUE(ui.shown("The Tallymere database has become corrupt. This can sometimes happen if your machine "
+                         "crashes while running Tallymere. Tallymere will attempt to repair your database."));
+    EXPECT_TRUE(ui.shown("Database repaired successfully."));
+    EXPECT_FALSE(s().ExitNow);
+    EXPECT_GT(rs.RecordCount(), 100u);  // what could be read is back
+    const auto kept = fs::path(s().DataFolder()) / "Tallymere.damaged.db";
+    ASSERT_TRUE(fs::exists(kept));
+    EXPECT_EQ(fs::file_size(kept), size * 6 / 10);
+    // The rebuilt file is sound: a second check leaves it alone.
+    ui.clear();
+    EXPECT_TRUE(store::RepairDB(s()));
+    EXPECT_FALSE(fs::exists(fs::path(s().DataFolder()) / "Tallymere.damaged-2.db"));
+}
+
+}  // namespace
+}  // namespace tallymere::testing

@@ -207,28 +207,55 @@ TEST_F(AccessTest, AnotherProgramsDatabaseIsNotTakenForOurs) {
     EXPECT_TRUE(ui.shown("The file " + s().DatabasePath() + " is not a valid Tallymere file."));
 }
 
-TEST_F(AccessTest, ATruncatedDatabaseIsRepairedAndTheOriginalKept) {
-    for (int i = 0; i < 3000; ++i)
-        InsertRecs(s(), "insert into person (lname, fname, lnote) values (?, ?, ?)",
-                   {"Name" + std::to_string(i), "F", std::string(100, 'n')});
-    store::CloseDB(s());
-    const auto size = fs::file_size(s().DatabasePath());
+class DamagedDatabaseTest : public DatabaseTest {
+protected:
+    void SetUp() override {
+        DatabaseTest::SetUp();
+        InsertRecs(s(), "begin");
+        for (int i = 0; i < 3000; ++i)
+            InsertRecs(s(), "insert into person (lname, fname, lnote) values (?, ?, ?)",
+                       {"Name" + std::to_string(i), "F", std::string(100, 'n')});
+        InsertRecs(s(), "commit");
+        store::CloseDB(s());
+        size = fs::file_size(s().DatabasePath());
+    }
+    fs::path kept() const { return fs::path(s().DataFolder()) / "Tallymere.damaged.db"; }
+    common::Session& s() const { return *session; }
+    std::uintmax_t size = 0;
+};
+
+TEST_F(DamagedDatabaseTest, ATruncatedFileIsRepairedWhileOpeningWithoutAWarning) {
     fs::resize_file(s().DatabasePath(), size * 6 / 10);
     ASSERT_TRUE(store::ConnectDB(s()));
+    ASSERT_EQ(ui.messages.size(), 1u);
+    EXPECT_EQ(ui.messages[0].title, "Database has been repaired");
+    const auto rows = GetRecs(s(), "select * from person").RecordCount();
+    EXPECT_GT(rows, 100u);  // what could be read is back
+    EXPECT_LT(rows, 3001u);
+    // The damaged original is kept as it was.
+    ASSERT_TRUE(fs::exists(kept()));
+    EXPECT_EQ(fs::file_size(kept()), size * 6 / 10);
+    // The rebuilt file is sound: a second check leaves it alone.
+    EXPECT_TRUE(store::RepairDB(s()));
+    EXPECT_FALSE(fs::exists(fs::path(s().DataFolder()) / "Tallymere.damaged-2.db"));
+}
 
+TEST_F(DamagedDatabaseTest, DamageFoundWhileReadingIsRepairedAfterAWarning) {
+    {
+        // Scribble over pages in the middle of the employee table.
+        std::fstream f(s().DatabasePath(), std::ios::in | std::ios::out | std::ios::binary);
+        f.seekp(static_cast<std::streamoff>(size / 2));
+        const std::string junk(3 * 4096, '\xA5');
+        f.write(junk.data(), static_cast<std::streamsize>(junk.size()));
+    }
+    ASSERT_TRUE(store::ConnectDB(s()));
     Recordset rs = GetRecs(s(), "select * from person");
     EXPECT_TRUE(ui.shown("The Tallymere database has become corrupt. This can sometimes happen if your machine "
                          "crashes while running Tallymere. Tallymere will attempt to repair your database."));
     EXPECT_TRUE(ui.shown("Database repaired successfully."));
     EXPECT_FALSE(s().ExitNow);
-    EXPECT_GT(rs.RecordCount(), 100u);  // what could be read is back
-    const auto kept = fs::path(s().DataFolder()) / "Tallymere.damaged.db";
-    ASSERT_TRUE(fs::exists(kept));
-    EXPECT_EQ(fs::file_size(kept), size * 6 / 10);
-    // The rebuilt file is sound: a second check leaves it alone.
-    ui.clear();
-    EXPECT_TRUE(store::RepairDB(s()));
-    EXPECT_FALSE(fs::exists(fs::path(s().DataFolder()) / "Tallymere.damaged-2.db"));
+    EXPECT_GT(rs.RecordCount(), 1000u);
+    EXPECT_TRUE(fs::exists(kept()));
 }
 
 }  // namespace

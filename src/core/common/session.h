@@ -87,8 +87,7 @@ public:
     GlobalSettings settings;
     FormatLocale locale;
 
-    // Display formats fixed at start.
-    std::string reportDateFormat = "short date";
+    // The heading of the daily schedule; the report date format is settings.reportdateformat.
     std::string dailyHeadingFormat = "dddd mmm dd, yyyy";
 
 private:

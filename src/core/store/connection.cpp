@@ -185,13 +185,15 @@ DbError Connection::query(std::string_view sql, const Params& params, Recordset&
         release(stmt);
         return error;
     }
+    // The first step re-prepares a statement whose tables another connection has altered, so the
+    // columns are read after it.
+    int rc = sqlite3_step(stmt);
     const int n = sqlite3_column_count(stmt);
     std::vector<std::string> columns;
     columns.reserve(static_cast<std::size_t>(n));
     for (int i = 0; i < n; ++i) columns.emplace_back(sqlite3_column_name(stmt, i));
     std::vector<std::vector<Value>> rows;
-    int rc;
-    while ((rc = sqlite3_step(stmt)) == SQLITE_ROW) {
+    for (; rc == SQLITE_ROW; rc = sqlite3_step(stmt)) {
         std::vector<Value> row;
         row.reserve(static_cast<std::size_t>(n));
         for (int i = 0; i < n; ++i) row.push_back(columnValue(stmt, i));

@@ -3,7 +3,9 @@
 #include "common/session.h"
 #include "store/connection.h"
 
+#include <cstring>
 #include <filesystem>
+#include <fstream>
 #include <sqlite3.h>
 
 namespace tallymere::store {
@@ -139,14 +141,15 @@ std::string integrity(sqlite3* db) {
     return result;
 }
 
-int applicationId(sqlite3* db) {
-    sqlite3_stmt* stmt = nullptr;
-    int id = -1;
-    if (sqlite3_prepare_v2(db, "PRAGMA application_id", -1, &stmt, nullptr) == SQLITE_OK &&
-        sqlite3_step(stmt) == SQLITE_ROW)
-        id = sqlite3_column_int(stmt, 0);
-    sqlite3_finalize(stmt);
-    return id;
+// The application id straight from the file's header, which stays readable when the pages behind it
+// are not; -1 when the file is no SQLite database at all.
+int applicationId(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    unsigned char header[100] = {};
+    if (!in.read(reinterpret_cast<char*>(header), sizeof header)) return -1;
+    if (std::memcmp(header, "SQLite format 3", 16) != 0) return -1;
+    return static_cast<int>((std::uint32_t{header[68]} << 24) | (std::uint32_t{header[69]} << 16) |
+                            (std::uint32_t{header[70]} << 8) | header[71]);
 }
 
 }  // namespace
@@ -165,8 +168,8 @@ DbError Database::repair() {
         return e;
     }
     // Opened for writing so that a journal left by a crash is rolled back by this first read.
-    const int id = applicationId(damaged);
     const std::string check = integrity(damaged);
+    const int id = applicationId(path);
     if (id == kApplicationId && check == "ok") {
         sqlite3_close(damaged);
         return {};
@@ -186,6 +189,8 @@ DbError Database::repair() {
         sqlite3_close(damaged);
         return e;
     }
+    // Let the schema be read even where it points at pages the damage took away.
+    sqlite3_exec(damaged, "PRAGMA writable_schema=ON", nullptr, nullptr, nullptr);
     std::vector<std::pair<std::string, std::string>> tables;  // name, CREATE statement
     std::vector<std::string> indexes;
     sqlite3_stmt* schema = nullptr;

@@ -17,8 +17,8 @@ using common::Session;
 void SaveOption(Session& s, std::string_view key, std::string_view value);
 // The key's value; no row, NULL or a failed read give empty text.
 std::string GetOption(Session& s, std::string_view key);
-// Reads a yes/no key, inserting the default when the row is missing and writing it over a NULL value.
-// The flag is false exactly when the trimmed upper-cased value is "NO" or "FALSE".
+// Reads a yes/no key, inserting the default when the row is missing and writing it over a NULL or
+// blank value. The flag is false exactly when the trimmed upper-cased value is "NO" or "FALSE".
 void GetYesNoOption(Session& s, std::string_view key, bool& flag, bool defaultValue);
 
 std::string GetRegSetting(Session& s, std::string_view name);
@@ -29,7 +29,10 @@ void SaveRegSetting(Session& s, std::string_view name, std::string_view value);
 bool getoptions(Session& s);
 // Reads the report options. False after "Unable to load Tallymere Report Options.".
 bool getreportoptions(Session& s);
-// Writes every global setting back, in the order they are loaded, beginning with `orientation`.
+// Writes every global setting back, in the order they are loaded, beginning with `orientation`. Not
+// written here: the sort column, the open schedule, the main window's place (the shutdown writes
+// them), the start counters (written when counted), and the printer, version and last run or backup
+// keys while this run holds no value for them.
 void saveoptions(Session& s);
 
 // The place of a window, in twips, as the options rows `<window>x`, `y`, `width`, `height`, `state`
@@ -45,8 +48,9 @@ struct WindowPlace {
 void CreateFormPositionRows(Session& s, std::string_view window);
 void SaveFormPosition(Session& s, std::string_view window, const WindowPlace& place, bool sizable);
 // The stored place to apply to `current` (the window's default place), inside `mainWindow`: the
-// position only when stored and inside the main window less its margins, the size only for a
-// sizable window, the state last unless `mainStateForbids`.
+// position only when both `x` and `y` are stored and inside the main window less its margins, the
+// size only for a sizable window, the state last unless `mainStateForbids`. Rows that are missing or
+// unset leave the default.
 WindowPlace LoadFormPosition(Session& s, std::string_view window, const WindowPlace& current,
                              const WindowPlace& mainWindow, bool sizable, bool mainStateForbids = false);
 

@@ -34,8 +34,8 @@
 //   weekdayname(n[, abbreviate[, firstdayofweek]])   English names, 1 = Sunday
 //   chkfld(x)                       NULL -> '', trimmed, cut to 255 characters, quotes doubled
 //   nz(x[, ifnull])                 NULL -> ifnull, or '' without it
-// Dates are parsed from ISO text; NULL or a value that is no date gives NULL. An unknown interval or
-// a weekday number out of range fails the statement, as it did in Jet.
+// Dates are read from ISO text. The date functions give NULL for NULL or for a value that is no date;
+// an unknown interval or a weekday number out of range fails the statement, as it did in Jet.
 
 #include <string>
 #include <string_view>

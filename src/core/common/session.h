@@ -7,6 +7,7 @@
 #include "common/date_time.h"
 #include "common/display_format.h"
 #include "common/global_settings.h"
+#include "common/platform.h"
 #include "common/ui.h"
 #include "common/user_settings.h"
 
@@ -50,6 +51,9 @@ public:
     UserSettings& userSettings() { return userSettings_; }
     const Clock& clock() const { return clock_; }
     store::Database& db() { return *db_; }
+    // The machine; a plain one until the app or a test sets its own (kept by reference).
+    Platform& platform() { return platform_ ? *platform_ : plainPlatform_; }
+    void setPlatform(Platform& p) { platform_ = &p; }
 
     static constexpr const char* kAppTitle = "Tallymere";
     static constexpr const char* kDatabaseFileName = "Tallymere.db";
@@ -95,6 +99,8 @@ private:
     UserSettings& userSettings_;
     const Clock& clock_;
     std::unique_ptr<store::Database> db_;
+    Platform* platform_ = nullptr;
+    PlainPlatform plainPlatform_;
     std::string dataFolder_;
     std::string databasePath_;
     bool endRequested_ = false;

@@ -6,6 +6,7 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <limits>
 #include <sqlite3.h>
 
 namespace tallymere::store {
@@ -121,9 +122,11 @@ void salvageTable(sqlite3* from, sqlite3* to, const std::string& table) {
             skip = 1;
         }
         if (rc == SQLITE_DONE) break;
-        // A damaged page: jump over it, further each time it stops us again.
+        // A damaged page: jump over it, further each time it stops us again, up to the largest key.
+        constexpr sqlite3_int64 kLargest = std::numeric_limits<sqlite3_int64>::max();
+        if (after > kLargest - skip) break;
         after += skip;
-        skip *= 4;
+        skip = skip > kLargest / 4 ? kLargest : skip * 4;
     }
     sqlite3_finalize(read);
     sqlite3_finalize(insert);

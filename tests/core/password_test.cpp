@@ -143,7 +143,9 @@ TEST_F(PasswordTest, SetPasswordStoresHashesAndTheBoxesInOrder) {
         names.push_back(rs["optionname"].text());
         // No clear text: the passwords are hashes (whose random letters may spell anything).
         const std::string value = rs["optionvalue"].text();
-        if (names.size() <= 2) EXPECT_EQ(value.rfind("$argon2id$", 0), 0u) << value;
+        if (names.size() <= 2) {
+            EXPECT_EQ(value.rfind("$argon2id$", 0), 0u) << value;
+        }
         EXPECT_NE(common::toUpper(value), "BOSS");
         EXPECT_NE(common::toUpper(value), "CLERK");
     }

@@ -14,6 +14,7 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 namespace tallymere::store {
 class Database;
@@ -26,6 +27,15 @@ namespace tallymere::common {
 class ProgramEnd : public std::runtime_error {
 public:
     ProgramEnd() : std::runtime_error("Tallymere is ending") {}
+};
+
+// The undo command's menu entry: shown while an undo snapshot exists, its caption naming what will
+// be undone. The main window registers itself with the session.
+class UndoMenu {
+public:
+    virtual ~UndoMenu() = default;
+    virtual void showUndo(std::string_view caption) = 0;
+    virtual void hideUndo() = 0;
 };
 
 struct UserRights {
@@ -84,9 +94,12 @@ public:
     long currentEmployee = 0;     // `personid` of the employee picked in the daily list
     bool refreshWanted = false;   // raised by every change to `sched`; windows refresh on activation
 
-    // The schedule entries the undo snapshot covers.
+    // What the undo snapshot covers: first and last day and the schedule file.
     Date undoFrom;
     Date undoTo;
+    std::string undoScheduleName;
+    // The undo command's menu entry; null when no main window shows one.
+    UndoMenu* undoMenu = nullptr;
 
     GlobalSettings settings;
     FormatLocale locale;

@@ -4,9 +4,23 @@
 
 #include "common/session.h"
 
+#include <optional>
+#include <string>
+
 namespace tallymere::schedule {
 
-// Forgets the snapshot: after this nothing can be undone.
+// Forgets the snapshot and hides the undo command: after this nothing can be undone.
 void ClearUndo(common::Session& s);
+
+}  // namespace tallymere::schedule
+
+namespace tallymere::schedule {
+
+// Takes the snapshot of `from`..`to` of `scheduleName` before a bulk change: moved out of the way
+// (keepRows false, the range is left empty) or copied (keepRows true).
+void SaveUndoSnapshot(common::Session& s, std::optional<common::Date> from, std::optional<common::Date> to,
+                      const std::string& caption, bool keepRows, const std::string& scheduleName);
+// Puts the snapshot back over its range. The caller refreshes the active window.
+void UndoLastChange(common::Session& s);
 
 }  // namespace tallymere::schedule

@@ -93,6 +93,7 @@ std::string dateControlFormat(std::string_view pattern) {
 // Menu state
 
 MainForm::MainForm(Session& s, MainFormHost& host) : s_(s), host_(host) {
+    s_.undoMenu = this;
     for (const MenuEntry& e : menuTable())
         menus_[std::string(e.name)] = MenuState{true, false, true, std::string(e.caption)};
     for (const char* undo : {"mnuEditUndo", "mnuEditUndoSep"}) {
@@ -142,6 +143,10 @@ void MainForm::setMenuCaption(std::string_view name, std::string_view caption) {
     changed();
 }
 
+MainForm::~MainForm() {
+    if (s_.undoMenu == this) s_.undoMenu = nullptr;
+}
+
 void MainForm::showUndo(std::string_view caption) {
     MenuState& undo = state("mnuEditUndo");
     undo.caption = caption;
@@ -158,7 +163,6 @@ void MainForm::hideUndo() {
 }
 
 void MainForm::ClearUndo() {
-    hideUndo();
     schedule::ClearUndo(s_);
 }
 

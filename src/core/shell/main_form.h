@@ -73,13 +73,16 @@ std::string DefaultDataFolder(common::Platform& platform);
 // becomes "dd/MM/yy", since in the control "mm" would be minutes), day and year letters lower case.
 std::string dateControlFormat(std::string_view pattern);
 
-class MainForm {
+class MainForm : public common::UndoMenu {
 public:
     static constexpr const char* kCaptionPrefix = "Quillbrook Tallymere - ";
     static constexpr const char* kNoScheduleOpen =
         "No schedule file is open. Please open a schedule file or create a new one.";
 
     MainForm(Session& s, MainFormHost& host);
+    ~MainForm() override;
+    MainForm(const MainForm&) = delete;
+    MainForm& operator=(const MainForm&) = delete;
 
     // The start, from the splash to the first daily view. False when the program must end: after the
     // refusal of a second copy, or when the start left (ExitNow is then set). Ends of the access layer
@@ -111,8 +114,8 @@ public:
     void setMenuCaption(std::string_view name, std::string_view caption);
 
     // Undo: `mnuEditUndo` and its separator shown with the caption of what can be undone, or hidden.
-    void showUndo(std::string_view caption);
-    void hideUndo();
+    void showUndo(std::string_view caption) override;
+    void hideUndo() override;
     // Hides the undo entries and deletes the snapshot.
     void ClearUndo();
 

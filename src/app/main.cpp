@@ -1,49 +1,47 @@
-// Starts Tallymere: the ports on Qt, one session, the database in the user's data folder, the main window.
+// Starts Tallymere: the ports on Qt, one session, the main window with every subsystem's windows,
+// then the start itself, which finds the data folder, opens the database and asks the password.
 
 #include "app/common/qsettings_user_settings.h"
+#include "app/common/qt_locale.h"
+#include "app/common/qt_platform.h"
 #include "app/common/qt_ui.h"
 #include "app/shell/main_window.h"
 #include "app/tallymere_application.h"
 #include "common/clock.h"
 #include "common/session.h"
-#include "store/access.h"
 
-#include <QDir>
-#include <QFile>
-#include <QStandardPaths>
+#include <QIcon>
+#include <QLocale>
 
 using namespace tallymere;
 
 int main(int argc, char** argv) {
     app::TallymereApplication application(argc, argv);
+    // Outside a desktop that names an icon theme, a common one gives the toolbar better pictures
+    // than the style's; where it is missing too, the style's are used.
+    if (QIcon::themeName().isEmpty() || QIcon::themeName() == QLatin1String("hicolor"))
+        QIcon::setThemeName(QStringLiteral("Adwaita"));
 
     common::SystemClock clock;
     app::QSettingsUserSettings userSettings;
     app::QtUi ui;
+    app::QtPlatform platform;
     common::Session session(ui, userSettings, clock);
+    session.setPlatform(platform);
     session.programFolder = QCoreApplication::applicationDirPath().toStdString();
+    session.locale = app::formatLocaleFrom(QLocale());
 
-    const QString dataFolder =
-        QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/Quillbrook/Tallymere");
-    QDir().mkpath(dataFolder);
-    session.setDataFolder(dataFolder.toStdString());
-
-    // A first start: the database is a copy of the template that ships beside the program.
-    const QString database = QString::fromStdString(session.DatabasePath());
-    if (!QFile::exists(database)) {
-        const QString templateFile = QDir(QCoreApplication::applicationDirPath())
-                                         .filePath(QString::fromUtf8(common::Session::kTemplateFileName));
-        if (QFile::copy(templateFile, database))
-            QFile::setPermissions(database, QFile::permissions(database) | QFile::WriteOwner);
-    }
+    app::MainWindow window(session, ui);
+    application.setWindowIcon(window.windowIcon());
+    app::registerMaintenanceWindows(window);
+    app::registerReferenceWindows(window);
 
     try {
-        if (!store::ConnectDB(session)) return 1;
+        if (!window.mainForm().Load()) return 0;
     } catch (const common::ProgramEnd&) {
         return 0;
     }
-
-    app::MainWindow window(session);
+    window.restorePlace();
     window.show();
     return application.exec();
 }

@@ -101,6 +101,11 @@ void TimeEntry::padMinute() {
         TeTxtMin = "0" + TeTxtMin;
 }
 
+void TimeEntry::padMinuteTens() {
+    const std::string m = common::trim(TeTxtMin);
+    if (m.size() == 1) TeTxtMin = m + "0";
+}
+
 std::optional<DateTime> TimeEntry::on(Date day) const {
     const auto h = wholeNumber(TETxtHr);
     const auto m = common::trimView(TeTxtMin).empty() ? std::optional<int>(0) : wholeNumber(TeTxtMin);

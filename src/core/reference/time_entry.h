@@ -50,6 +50,9 @@ public:
     std::optional<std::string> check(TimeEnd which, int lowestHour = 1) const;
     // An empty minute becomes "00", a single digit gets a leading "0".
     void padMinute();
+    // The daily schedule's reading of one typed minute digit: it stands for tens, so "5" is 50 minutes,
+    // not 05. Other texts are left as they are.
+    void padMinuteTens();
 
     // The time on `day`, from checked fields (12 AM is midnight, 0 counts as 12); nullopt when the
     // fields do not make a time.

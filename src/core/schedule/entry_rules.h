@@ -20,11 +20,18 @@ using common::Session;
 inline constexpr long kUnassignedId = -1;
 inline constexpr long kTransientUnassignedId = -2;
 
+// Whether row r (r.s..r.e) collides with S..E on the same day: equal times, S..E around the row,
+// S inside it, or E inside it. Rows that only touch do not collide; a zero-length row collides
+// only through equality or containment.
+bool SameDayTest(DateTime rowStart, DateTime rowEnd, DateTime start, DateTime end);
+// Whether row r overlaps S..E (the paste and edit test); a row with a missing time never does.
+bool OverlapTest(std::optional<DateTime> rowStart, std::optional<DateTime> rowEnd, DateTime start, DateTime end);
+
 // The check for a new entry of an employee on `day` (same day, yesterday's overnight entries,
 // tomorrow's early ones). Tells the user what it finds; true when the entry must not be made.
 // `start` and `end` are working values that may be narrowed: callers must not use them after true.
-bool CheckEntryConflict(Session& s, long personid, Date day, DateTime& start, DateTime& end,
-                        const std::string& lname, const std::string& fname);
+bool CheckEntryConflict(Session& s, long personid, Date day, DateTime& start, DateTime& end, const std::string& lname,
+                        const std::string& fname);
 // The same tests, silently.
 bool HasConflict(Session& s, long personid, Date day, DateTime& start, DateTime& end);
 // As HasConflict, over the open schedule file only and leaving out the entry `schedid`.
@@ -58,11 +65,25 @@ EntryTimes buildEntryTimes(Date day, int startHour24, int startMinute, int endHo
 // The whole hours an alert compares: minutes / 60 rounded half to even.
 long alertHours(double hours);
 
-// The three alerts, asked in the caller's order. Each returns false when the user answered No.
-// `title` empty means the application title.
+// The three alerts, asked in the caller's order. Each asks only when its setting is on, and returns
+// false when the user answered No. The figure it worked out goes to `...Out` (0 when the setting is
+// off), so that a caller can carry it on. Every figure is the rounded whole number the alert
+// compares, printed "00.00" ("13.00 hrs long", "08.00 hours today", "41.00 hours this week").
+// `title` empty means the application title; the 12-hour alert always has it, with an information
+// icon. The icons default to the quick add's: a question for the double shift, an exclamation for
+// overtime.
 bool AlertShiftOver12Hours(Session& s, DateTime start, DateTime end, long& hoursOut);
-bool AlertDoubleShift(Session& s, long personid, Date day, const std::string& title, long& hoursOut);
-bool AlertOvertime(Session& s, long personid, Date day, const std::string& title, long& weekHoursOut);
+bool AlertDoubleShift(Session& s, long personid, Date day, const std::string& title, long& hoursOut,
+                      common::MsgIcon icon = common::MsgIcon::Question);
+bool AlertOvertime(Session& s, long personid, Date day, const std::string& title, long& weekHoursOut,
+                   common::MsgIcon icon = common::MsgIcon::Exclamation);
+// The quick add's overtime alert: as AlertOvertime when the week's hours w are already over the
+// threshold; otherwise it also asks "Employee already scheduled for <w> hours this week. Continue?"
+// when w + `entryHours` (the new entry's rounded length) + `workingFigure` (the figure the earlier
+// alerts left: the double shift's d if that alert is on, else the 12-hour alert's h if that one is
+// on, else 0) is over it. The figure printed is still w.
+bool AlertOvertimeWithSum(Session& s, long personid, Date day, const std::string& title, long entryHours,
+                          long workingFigure, long& weekHoursOut, common::MsgIcon icon = common::MsgIcon::Exclamation);
 
 // The 12:00 AM warnings of the entry editor: the 0-hour question when start = end, otherwise the
 // midnight note for an entry over 12 hours that starts or ends at 12:00 AM. False when answered No.

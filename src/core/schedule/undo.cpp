@@ -4,9 +4,91 @@
 
 namespace tallymere::schedule {
 
+using common::Date;
+using common::Session;
+using store::Params;
+using store::Value;
+
+namespace {
+
+constexpr const char* kUndo = Session::kUndoScheduleName;
+
+Value dateValue(const store::Field& f) {
+    const auto d = f.toDate();
+    return d ? Value(*d) : Value();
+}
+
+Value dateTimeValue(const store::Field& f) {
+    const auto t = f.toDateTime();
+    return t ? Value(*t) : Value();
+}
+
+// Copies the rows of one day into the snapshot. The copies are new rows: an undo that puts them back
+// gives the day new schedids.
+bool copyDayToSnapshot(Session& s, Date day, const std::string& scheduleName) {
+    for (auto rs = store::GetRecs(s, "select * from sched where sday = ? and sname =?", {day, scheduleName}); !rs.eof();
+         rs.MoveNext()) {
+        const Params row{rs["lname"].text(),
+                         rs["fname"].text(),
+                         rs["personid"].value(),
+                         dateValue(rs["sday"]),
+                         dateTimeValue(rs["strttime"]),
+                         dateTimeValue(rs["endtime"]),
+                         rs["position"].text(),
+                         rs["shift"].text(),
+                         rs["section"].text(),
+                         rs["comment"].text(),
+                         kUndo};
+        if (!store::InsertRecs(s,
+                               "insert into sched (lname,fname,personid,sday,strttime,endtime,position,shift,section,"
+                               "comment,sname) values(?,?,?,?,?,?,?,?,?,?,?)",
+                               row))
+            return false;
+    }
+    return true;
+}
+
+}  // namespace
+
 void ClearUndo(common::Session& s) {
     if (s.undoMenu) s.undoMenu->hideUndo();
     store::DeleteRecs(s, "delete from sched where sname = ?", {common::Session::kUndoScheduleName});
+}
+
+void SaveUndoSnapshot(Session& s, std::optional<Date> from, std::optional<Date> to, const std::string& caption,
+                      bool keepRows, const std::string& scheduleName) {
+    // Only one snapshot exists: the previous one goes even when no new one is taken.
+    store::DeleteRecs(s, "delete from sched where sname = ?", {kUndo});
+    if (!from || !to) return;
+
+    s.undoFrom = *from;
+    s.undoTo = *to;
+    s.undoScheduleName = scheduleName;
+
+    if (!keepRows) {
+        // The rows themselves move aside and keep their schedids, so an undo brings back the very
+        // same entries.
+        if (*from != *to)
+            store::UdateRecs(s, "update sched set sname = ? where sday >=? and sday <=? and sname = ?",
+                             {kUndo, *from, *to, scheduleName});
+        else
+            store::UdateRecs(s, "update sched set sname = ? where sday = ? and sname = ?",
+                             {kUndo, *from, scheduleName});
+    } else {
+        for (Date day = *from; day <= *to; day = day.addDays(1))
+            if (!copyDayToSnapshot(s, day, scheduleName)) break;
+    }
+
+    // Shown even when the range held no rows: the undo then just empties the range.
+    if (s.undoMenu) s.undoMenu->showUndo(caption);
+}
+
+void UndoLastChange(Session& s) {
+    if (s.undoMenu) s.undoMenu->hideUndo();
+    store::DeleteRecs(s, "delete from sched where sday >= ? and sday <= ? and sname = ?",
+                      {s.undoFrom, s.undoTo, s.undoScheduleName});
+    store::UdateRecs(s, "update sched set sname = ? where sname = ?", {s.undoScheduleName, kUndo});
+    s.refreshWanted = true;
 }
 
 }  // namespace tallymere::schedule

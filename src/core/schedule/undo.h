@@ -17,10 +17,13 @@ void ClearUndo(common::Session& s);
 namespace tallymere::schedule {
 
 // Takes the snapshot of `from`..`to` of `scheduleName` before a bulk change: moved out of the way
-// (keepRows false, the range is left empty) or copied (keepRows true).
+// (keepRows false, the range is left empty, the rows keep their schedids) or copied (keepRows true,
+// the copies are new rows). The old snapshot is dropped first; without both dates nothing else
+// happens. Shows the undo command with `caption`, also when the range held no rows.
 void SaveUndoSnapshot(common::Session& s, std::optional<common::Date> from, std::optional<common::Date> to,
                       const std::string& caption, bool keepRows, const std::string& scheduleName);
-// Puts the snapshot back over its range. The caller refreshes the active window.
+// Puts the snapshot back over its range: what the range holds now is deleted first. Raises the
+// refresh-wanted flag; the caller refreshes the active window.
 void UndoLastChange(common::Session& s);
 
 }  // namespace tallymere::schedule

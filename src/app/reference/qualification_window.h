@@ -1,0 +1,31 @@
+#pragma once
+// The window that adds a qualification to an employee (`addqualifications`, or
+// `addqualificationstemp` while a new employee is being added).
+
+#include "app/reference/view_support.h"
+#include "reference/qualifications.h"
+
+#include <QDialog>
+#include <memory>
+
+class QSlider;
+
+namespace tallymere::app {
+
+class QualificationWindow : public QDialog {
+public:
+    // `model` is loaded, as the employee window's add button gives it.
+    QualificationWindow(std::unique_ptr<reference::addqualifications> model, QWidget* parent);
+
+    reference::addqualifications& model() { return *model_; }
+
+private:
+    void display();
+
+    std::unique_ptr<reference::addqualifications> model_;
+    Binder binder_;
+    QSlider* slider_;
+    ViewGuard guard_{this};
+};
+
+}  // namespace tallymere::app

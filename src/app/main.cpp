@@ -35,6 +35,7 @@ int main(int argc, char** argv) {
     application.setWindowIcon(window.windowIcon());
     app::registerMaintenanceWindows(window);
     app::registerReferenceWindows(window);
+    app::registerScheduleWindows(window);
 
     try {
         if (!window.mainForm().Load()) return 0;

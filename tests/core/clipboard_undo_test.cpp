@@ -1,7 +1,7 @@
 #include "schedule/clipboard.h"
 #include "schedule/undo.h"
 
-#include "support/test_database.h"
+#include "support/schedule_test.h"
 
 #include <optional>
 #include <string>
@@ -19,7 +19,6 @@ const Date kMon = Date::fromYmd(2026, 11, 23);
 const Date kTue = kMon.addDays(1);
 const Date kWed = kMon.addDays(2);
 const Date kFri = kMon.addDays(4);
-constexpr long kSample = 1;  // the template's sample employee, Sam Sample
 
 class FakeUndoMenu : public common::UndoMenu {
 public:
@@ -56,33 +55,17 @@ struct Row {
     std::string position, shift, comment;
 };
 
-class ClipboardUndoTest : public DatabaseTest {
+class ClipboardUndoTest : public ScheduleTest {
 protected:
     void SetUp() override {
-        DatabaseTest::SetUp();
-        s().currentSchedule = "Week 1";
-        s().activeDate = kMon;
+        ScheduleTest::SetUp();
         s().undoMenu = &menu;
-    }
-
-    long addPerson(const std::string& lname, const std::string& fname) {
-        EXPECT_TRUE(store::InsertRecs(s(), "insert into person (lname,fname,active) values(?,?,1)", {lname, fname}));
-        return static_cast<long>(store::GetRecs(s(), "select max(personid) as id from person")["id"].toLong());
     }
     // An entry starting at `hour` on `day`, `minutes` long (past midnight when long enough).
     long addEntry(long personid, Date day, int hour, int minutes, const std::string& sname = "Week 1") {
-        std::string lname = "**Unassigned**", fname;
-        if (personid != -1) {
-            auto p = store::GetRecs(s(), "select lname,fname from person where personid=?", {personid});
-            lname = p["lname"].text();
-            fname = p["fname"].text();
-        }
         const DateTime start = DateTime::at(day, hour);
-        EXPECT_TRUE(store::InsertRecs(s(),
-                                      "insert into sched (personid,lname,fname,sday,strttime,endtime,position,shift,"
-                                      "section,comment,sname) values(?,?,?,?,?,?,'Cook','Late','Grill','bring keys',?)",
-                                      {personid, lname, fname, day, start, start.addMinutes(minutes), sname}));
-        return static_cast<long>(store::GetRecs(s(), "select max(schedid) as id from sched")["id"].toLong());
+        return ScheduleTest::addEntry(personid, start, start.addMinutes(minutes), sname, "Cook", "Late", "Grill",
+                                      "bring keys");
     }
     std::vector<Row> rows(Date day, const std::string& sname = "Week 1") {
         std::vector<Row> out;
@@ -116,7 +99,7 @@ protected:
 // --- Copy and paste
 
 TEST_F(ClipboardUndoTest, PasteKeepsClockTimesAndOvernightCrossingAndTheBufferStays) {
-    const long night = addEntry(kSample, kMon, 22, 240);  // 22:00 to 02:00 on Tuesday
+    const long night = addEntry(kSam, kMon, 22, 240);  // 22:00 to 02:00 on Tuesday
     const long open = addEntry(-1, kMon, 9, 480);
 
     EXPECT_TRUE(schedule::CopyEntries(s(), night, {night, open}));
@@ -132,7 +115,7 @@ TEST_F(ClipboardUndoTest, PasteKeepsClockTimesAndOvernightCrossingAndTheBufferSt
         EXPECT_EQ(pasted[0].lname, "**Unassigned**");
         EXPECT_EQ(pasted[0].start, DateTime::at(day, 9));
         EXPECT_EQ(pasted[0].end, DateTime::at(day, 17));
-        EXPECT_EQ(pasted[1].personid, kSample);
+        EXPECT_EQ(pasted[1].personid, kSam);
         EXPECT_EQ(pasted[1].start, DateTime::at(day, 22));
         EXPECT_EQ(pasted[1].end, DateTime::at(day.addDays(1), 2));
         EXPECT_EQ(pasted[1].position + pasted[1].shift + pasted[1].comment, "CookLatebring keys");
@@ -144,8 +127,8 @@ TEST_F(ClipboardUndoTest, PasteKeepsClockTimesAndOvernightCrossingAndTheBufferSt
 }
 
 TEST_F(ClipboardUndoTest, CopyReplacesTheBufferButDoesNothingWithoutACurrentEntryOrTheRight) {
-    const long a = addEntry(kSample, kMon, 9, 60);
-    const long b = addEntry(kSample, kMon, 12, 60);
+    const long a = addEntry(kSam, kMon, 9, 60);
+    const long b = addEntry(kSam, kMon, 12, 60);
     ASSERT_TRUE(schedule::CopyEntries(s(), a, {a, b}));
     ASSERT_TRUE(schedule::CopyEntries(s(), b, {b}));
     EXPECT_EQ(bufferRows(), 1u);
@@ -163,9 +146,9 @@ TEST_F(ClipboardUndoTest, CopyReplacesTheBufferButDoesNothingWithoutACurrentEntr
 }
 
 TEST_F(ClipboardUndoTest, PasteOfOneRowOntoAScheduledEmployeeSaysSoAndStops) {
-    const long e = addEntry(kSample, kMon, 9, 480);
+    const long e = addEntry(kSam, kMon, 9, 480);
     schedule::CopyEntries(s(), e, {e});
-    addEntry(kSample, kTue, 16, 120);  // 16:00-18:00 overlaps 09:00-17:00
+    addEntry(kSam, kTue, 16, 120);  // 16:00-18:00 overlaps 09:00-17:00
 
     s().activeDate = kTue;
     EXPECT_FALSE(schedule::PasteEntries(s()));
@@ -175,19 +158,19 @@ TEST_F(ClipboardUndoTest, PasteOfOneRowOntoAScheduledEmployeeSaysSoAndStops) {
 
 TEST_F(ClipboardUndoTest, PasteOfSeveralRowsAsksToContinueAndYesSkipsTheScheduledOne) {
     const long other = addPerson("Other", "Olive");
-    const long a = addEntry(kSample, kMon, 9, 480);
+    const long a = addEntry(kSam, kMon, 9, 480);
     const long b = addEntry(other, kMon, 10, 240);
     const long c = addEntry(-1, kMon, 9, 480);
     schedule::CopyEntries(s(), a, {a, b, c});
-    addEntry(kSample, kTue, 8, 240);
-    addEntry(kSample, kWed, 8, 240);
+    addEntry(kSam, kTue, 8, 240);
+    addEntry(kSam, kWed, 8, 240);
 
     ui.answer(MsgAnswer::Yes);
     pasteOn(kTue);
     EXPECT_EQ(ui.texts(), Texts{"Sample, Sam is already scheduled for that time. Continue?"});
     const auto tue = rows(kTue);
     ASSERT_EQ(tue.size(), 3u);
-    EXPECT_EQ(tue[0].personid, kSample);  // the one already there
+    EXPECT_EQ(tue[0].personid, kSam);  // the one already there
     EXPECT_EQ(tue[0].start, DateTime::at(kTue, 8));
     EXPECT_EQ(tue[1].personid, -1);
     EXPECT_EQ(tue[2].personid, other);
@@ -200,14 +183,11 @@ TEST_F(ClipboardUndoTest, PasteOfSeveralRowsAsksToContinueAndYesSkipsTheSchedule
 TEST_F(ClipboardUndoTest, YesToAvailabilityOrLeaveSkipsTheRowAndNoStopsThePaste) {
     const long other = addPerson("Other", "Olive");
     const long a = addEntry(other, kMon, 10, 240);
-    const long b = addEntry(kSample, kMon, 9, 480);
+    const long b = addEntry(kSam, kMon, 9, 480);
     const long c = addEntry(-1, kMon, 9, 480);
     schedule::CopyEntries(s(), a, {a, b, c});
-    ASSERT_TRUE(store::InsertRecs(s(), "insert into availability (personid,sday,houravail) values(?,'Tuesday',?)",
-                                  {other, std::string(24, 'N')}));
-    ASSERT_TRUE(store::InsertRecs(
-        s(), "insert into employeeleave (personid,fullname,typeofleave,sday) values(?,'Sam Sample','Vacation',?)",
-        {kSample, kTue}));
+    setAvailability(other, kTue, std::string(24, 'N'));
+    addLeave(kSam, kTue);
 
     ui.answer(MsgAnswer::Yes);
     ui.answer(MsgAnswer::Yes);
@@ -243,7 +223,7 @@ TEST_F(ClipboardUndoTest, UnassignedRowsArePastedWithoutTests) {
 // --- Cut
 
 TEST_F(ClipboardUndoTest, CtrlXCanBeUndoneButTheMenuCutCannot) {
-    const long a = addEntry(kSample, kMon, 9, 60);
+    const long a = addEntry(kSam, kMon, 9, 60);
     const long b = addEntry(-1, kMon, 12, 60);
 
     EXPECT_TRUE(schedule::CutWithUndo(s(), a, {a}));
@@ -267,15 +247,15 @@ TEST_F(ClipboardUndoTest, CtrlXCanBeUndoneButTheMenuCutCannot) {
 // --- Undo snapshots
 
 TEST_F(ClipboardUndoTest, SnapshotOfAnEmptyRangeStillOffersUndoWhichEmptiesTheRange) {
-    const long outside = addEntry(kSample, kFri, 9, 60);
+    const long outside = addEntry(kSam, kFri, 9, 60);
     schedule::SaveUndoSnapshot(s(), kMon, kWed, "Undo Copy Schedule", false, "Week 1");
     EXPECT_TRUE(menu.visible);
     EXPECT_EQ(menu.caption, "Undo Copy Schedule");
 
     // What the bulk change then wrote.
-    addEntry(kSample, kMon, 9, 60);
+    addEntry(kSam, kMon, 9, 60);
     addEntry(-1, kWed, 9, 60);
-    const long otherFile = addEntry(kSample, kTue, 9, 60, "Week 2");
+    const long otherFile = addEntry(kSam, kTue, 9, 60, "Week 2");
 
     schedule::UndoLastChange(s());
     EXPECT_FALSE(menu.visible);
@@ -286,10 +266,10 @@ TEST_F(ClipboardUndoTest, SnapshotOfAnEmptyRangeStillOffersUndoWhichEmptiesTheRa
 }
 
 TEST_F(ClipboardUndoTest, MovedSnapshotTakesTheWholeRangeOfOneScheduleOnly) {
-    const long mon = addEntry(kSample, kMon, 9, 60);
-    const long tue = addEntry(kSample, kTue, 9, 60);
-    const long wed = addEntry(kSample, kWed, 9, 60);
-    const long otherFile = addEntry(kSample, kMon, 9, 60, "Week 2");
+    const long mon = addEntry(kSam, kMon, 9, 60);
+    const long tue = addEntry(kSam, kTue, 9, 60);
+    const long wed = addEntry(kSam, kWed, 9, 60);
+    const long otherFile = addEntry(kSam, kMon, 9, 60, "Week 2");
 
     schedule::SaveUndoSnapshot(s(), kMon, kTue, "Undo Get Default Schedule", false, "Week 1");
     EXPECT_TRUE(rows(kMon).empty());
@@ -305,7 +285,7 @@ TEST_F(ClipboardUndoTest, MovedSnapshotTakesTheWholeRangeOfOneScheduleOnly) {
 }
 
 TEST_F(ClipboardUndoTest, SnapshotWithoutADateOnlyDropsTheOldOne) {
-    addEntry(kSample, kMon, 9, 60);
+    addEntry(kSam, kMon, 9, 60);
     schedule::SaveUndoSnapshot(s(), kMon, kMon, "Undo Paste", true, "Week 1");
     ASSERT_EQ(snapshotRows(), 1u);
 
@@ -317,7 +297,7 @@ TEST_F(ClipboardUndoTest, SnapshotWithoutADateOnlyDropsTheOldOne) {
 }
 
 TEST_F(ClipboardUndoTest, UndoOfAKeptRowsSnapshotRestoresTheDayAsItWasWithNewSchedids) {
-    const long a = addEntry(kSample, kMon, 9, 240);
+    const long a = addEntry(kSam, kMon, 9, 240);
     const long b = addEntry(-1, kMon, 22, 240);
     const long source = addEntry(-1, kTue, 14, 60);
     schedule::CopyEntries(s(), source, {source});
@@ -343,10 +323,10 @@ TEST_F(ClipboardUndoTest, UndoOfAKeptRowsSnapshotRestoresTheDayAsItWasWithNewSch
 }
 
 TEST_F(ClipboardUndoTest, DeleteDayAsksAndItsUndoBringsBackTheSameEntries) {
-    addEntry(kSample, kMon, 9, 60);
+    addEntry(kSam, kMon, 9, 60);
     addEntry(-1, kMon, 12, 60);
-    const long tue = addEntry(kSample, kTue, 9, 60);
-    const long otherFile = addEntry(kSample, kMon, 9, 60, "Week 2");
+    const long tue = addEntry(kSam, kTue, 9, 60);
+    const long otherFile = addEntry(kSam, kMon, 9, 60, "Week 2");
     const auto before = ids(rows(kMon));
 
     ui.answer(MsgAnswer::No);
@@ -369,8 +349,8 @@ TEST_F(ClipboardUndoTest, DeleteDayAsksAndItsUndoBringsBackTheSameEntries) {
 
 TEST_F(ClipboardUndoTest, DeleteSelectedAsksSnapshotsAndReportsWhoLostTheirLastEntry) {
     const long other = addPerson("Other", "Olive");
-    const long sam1 = addEntry(kSample, kMon, 9, 180);
-    const long sam2 = addEntry(kSample, kMon, 13, 240);
+    const long sam1 = addEntry(kSam, kMon, 9, 180);
+    const long sam2 = addEntry(kSam, kMon, 13, 240);
     const long olive = addEntry(other, kMon, 22, 240);
     const long open = addEntry(-1, kMon, 10, 240);
     const Selection selected{sam1, olive, open};

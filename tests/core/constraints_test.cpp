@@ -4,6 +4,7 @@
 #include "reference/leave_calendar.h"
 #include "reference/qualifications.h"
 
+#include "support/table_rows.h"
 #include "support/test_database.h"
 
 #include <string>
@@ -36,18 +37,9 @@ protected:
                                       {id, fullname, type, day}));
     }
     Rows leaveDays(long id = kSam) {
-        Rows out;
-        for (auto rs = store::GetRecs(s(), "select * from employeeleave where personid=? order by sday", {id});
-             !rs.eof(); rs.MoveNext())
-            out.push_back(rs["sday"].text() + " " + rs["typeofleave"].text());
-        return out;
+        return column(s(), "select sday || ' ' || typeofleave from employeeleave where personid=? order by sday", {id});
     }
-    Rows houravail() {
-        Rows out;
-        for (auto rs = store::GetRecs(s(), "select * from availability where personid=1"); !rs.eof(); rs.MoveNext())
-            out.push_back(rs["sday"].text() + " " + rs["houravail"].text());
-        return out;
-    }
+    Rows houravail() { return column(s(), "select sday || ' ' || houravail from availability where personid=1"); }
 };
 
 TEST_F(ConstraintsTest, AvailabilityIsSavedAsStringsAndReadBack) {

@@ -1,11 +1,8 @@
 #include "schedule/daily_schedule.h"
 
 #include "reference/position_windows.h"
-#include "shell/main_form.h"
-#include "support/fake_main_form_host.h"
-#include "support/test_database.h"
+#include "support/schedule_test.h"
 
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -21,67 +18,27 @@ using schedule::KeyModifiers;
 using schedule::MouseButton;
 using Rows = std::vector<std::string>;
 
-const Date kDay = Date::fromYmd(2026, 11, 23);  // a Monday
-constexpr long kSam = 1;                        // the template's sample employee
-
-class DailyScheduleTest : public DatabaseTest {
+class DailyScheduleTest : public DailyWindowTest {
 protected:
     void SetUp() override {
-        DatabaseTest::SetUp();
-        s().currentSchedule = "Week 1";
-        s().activeDate = kDay;
+        DailyWindowTest::SetUp();
         s().settings.dailyschedsort = "employee";
-        ASSERT_TRUE(store::UdateRecs(s(), "update person set primpos='Cook' where personid=1"));
-    }
-
-    long addPerson(const std::string& lname, const std::string& fname, const std::string& primpos = "Server") {
-        EXPECT_TRUE(store::InsertRecs(s(),
-                                      "insert into person (lname,fname,primpos,active,hourlyrate) values(?,?,?,1,'10')",
-                                      {lname, fname, primpos}));
-        return static_cast<long>(store::GetRecs(s(), "select max(personid) as id from person")["id"].toLong());
     }
     // An entry of `minutes` from start on `day`, as every editor stores it.
     long addEntry(long personid, int hour, int minute, int minutes, const store::Value& position = "Cook",
                   Date day = kDay, const std::string& sname = "Week 1") {
-        const auto person = store::GetRecs(s(), "select * from person where personid=?", {personid});
-        const std::string lname = personid == -1 ? "**Unassigned**" : person["lname"].text();
-        const std::string fname = personid == -1 ? "" : person["fname"].text();
         const DateTime start = DateTime::at(day, hour, minute);
-        EXPECT_TRUE(
-            store::InsertRecs(s(),
-                              "insert into sched (personid,lname,fname,sday,strttime,endtime,position,shift,"
-                              "section,sname) values(?,?,?,?,?,?,?,'Day','Front',?)",
-                              {personid, lname, fname, day, start, start.addMinutes(minutes), position, sname}));
-        return static_cast<long>(store::GetRecs(s(), "select max(schedid) as id from sched")["id"].toLong());
-    }
-    void addLeave(long personid, Date day = kDay) {
-        ASSERT_TRUE(store::InsertRecs(
-            s(), "insert into employeeleave (personid,fullname,typeofleave,sday) values(?,'x','Vacation',?)",
-            {personid, day}));
-    }
-    dailyflexgrid& open() {
-        window = std::make_unique<dailyflexgrid>(s(), form);
-        window->updailyflexform();
-        return *window;
+        return ScheduleTest::addEntry(personid, start, start.addMinutes(minutes), sname, position, "Day", "Front");
     }
     Rows names() const {
         Rows out;
         for (const auto& row : window->grid1.rows) out.push_back(row.cells[DailyGrid::NameCol].text);
         return out;
     }
-    int listRow(long personid) const {
-        for (std::size_t i = 0; i < window->lstlist.rows.size(); ++i)
-            if (window->lstlist.rows[i].personid == personid) return static_cast<int>(i);
-        return -1;
-    }
     int picture(long personid) const {
         return window->lstlist.rows[static_cast<std::size_t>(listRow(personid))].picture;
     }
     std::size_t undoRows() { return store::GetRecs(s(), "select * from sched where sname='*undo*'").RecordCount(); }
-
-    FakeMainFormHost host;
-    shell::MainForm form{*session, host};
-    std::unique_ptr<dailyflexgrid> window;
 };
 
 TEST_F(DailyScheduleTest, TheGridShowsTheDayOfTheOpenFileWithItsCellsAndColours) {
@@ -107,13 +64,10 @@ TEST_F(DailyScheduleTest, TheGridShowsTheDayOfTheOpenFileWithItsCellsAndColours)
     const auto& sam = w.grid1.rows[1];
     EXPECT_EQ(sam.schedid, samId);
     EXPECT_EQ(sam.cells[DailyGrid::NameCol].background, 0xFFFFC0u);  // stored 0xC0FFFF: blue C0, green and red FF
-    EXPECT_EQ(sam.cells[DailyGrid::PositionCol].text, "Cook");
     EXPECT_EQ(sam.cells[DailyGrid::PositionCol].background, 0xFF0000u);
-    EXPECT_EQ(sam.cells[DailyGrid::StartCol].text, "10:00pm");
-    EXPECT_EQ(sam.cells[DailyGrid::EndCol].text, "6:00am");
-    EXPECT_EQ(sam.cells[DailyGrid::ShiftCol].text, "Day");
-    EXPECT_EQ(sam.cells[DailyGrid::SectionCol].text, "Front");
-    EXPECT_EQ(sam.cells[DailyGrid::NoteCol].text, "bring keys");
+    Rows texts;
+    for (const auto& cell : sam.cells) texts.push_back(cell.text);
+    EXPECT_EQ(texts, (Rows{"Sample, Sam", "Cook", "10:00pm", "6:00am", "Day", "Front", "bring keys"}));
 
     // No position: an empty cell with no colour. A position without a row has no colour either.
     EXPECT_EQ(w.grid1.rows[2].cells[DailyGrid::PositionCol].text, "");
@@ -239,8 +193,7 @@ TEST_F(DailyScheduleTest, LeaveOutranksScheduledInTheListButNotAfterOneEntryChan
     addEntry(kSam, 9, 0, 60);
     addLeave(kSam);
     // Zoe may not work in the morning: the quick bar's 9 to 5 finds her unavailable.
-    ASSERT_TRUE(store::InsertRecs(s(), "insert into availability (personid,sday,houravail) values(?,'Monday',?)",
-                                  {zed, std::string(12, 'N') + std::string(12, 'Y')}));
+    setAvailability(zed, kDay, std::string(12, 'N') + std::string(12, 'Y'));
     form.TETxtHr = {"5", "9"};
     form.TeTxtMin = {"00", "00"};
     form.TEAmPm = {"PM", "AM"};

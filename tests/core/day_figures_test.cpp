@@ -1,7 +1,7 @@
 #include "payroll/day_figures.h"
 
 #include "store/database.h"
-#include "support/test_database.h"
+#include "support/schedule_test.h"
 
 #include <string>
 
@@ -13,26 +13,17 @@ using common::DateTime;
 using payroll::GetDailyHours;
 using payroll::GetDailyLaborCost;
 
-const Date kDay = Date::fromYmd(2026, 11, 23);
-
-class DayFiguresTest : public DatabaseTest {
+class DayFiguresTest : public ScheduleTest {
 protected:
-    void SetUp() override {
-        DatabaseTest::SetUp();
-        s().currentSchedule = "Week 1";
-    }
     long addPerson(const std::string& lname, const store::Value& rate, bool active = true) {
         EXPECT_TRUE(store::InsertRecs(s(), "insert into person (lname,active,hourlyrate) values(?,?,?)",
                                       {lname, active, rate}));
-        return static_cast<long>(
-            store::GetRecs(s(), "select personid from person where lname=?", {lname})["personid"].toLong());
+        return lastId(s(), "person", "personid");
     }
     // `minutes` from `hour`; negative minutes end before the start.
     void addEntry(long personid, int hour, int minutes, Date day = kDay, const std::string& sname = "Week 1") {
         const DateTime start = DateTime::at(day, hour);
-        EXPECT_TRUE(store::InsertRecs(
-            s(), "insert into sched (personid,sday,strttime,endtime,position,sname) values(?,?,?,?,'Waiter',?)",
-            {personid, day, start, start.addMinutes(minutes), sname}));
+        ScheduleTest::addEntry(personid, start, start.addMinutes(minutes), sname, "Waiter");
     }
 };
 

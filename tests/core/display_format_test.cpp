@@ -16,42 +16,29 @@ struct DateCase {
 // Monday 2026-11-23, 22:05:09.
 const DateTime kEvening = DateTime::fromParts(2026, 11, 23, 22, 5, 9);
 
+void expectDates(const std::vector<DateCase>& cases, const FormatLocale& locale = {}, DateTime t = kEvening) {
+    for (const auto& c : cases) EXPECT_EQ(formatDateTime(t, c.format, locale), c.expected) << c.format;
+}
+
 TEST(FormatDateTime, FormatsTheProgramUses) {
-    const std::vector<DateCase> cases{
-        {"mm/dd/yyyy hh:mm ampm", "11/23/2026 10:05 PM"},
-        {"mm/dd/yyyy", "11/23/2026"},
-        {"MM/dd/yyyy", "11/23/2026"},
-        {"dddd mmm dd, yyyy", "Monday Nov 23, 2026"},
-        {"DDDD mmm dd, yyyy", "Monday Nov 23, 2026"},
-        {"ddd mmm dd, YYYY", "Mon Nov 23, 2026"},
-        {"ddd mmm, dd", "Mon Nov, 23"},
-        {"ddd mmm dd", "Mon Nov 23"},
-        {"mmm d", "Nov 23"},
-        {"mmm dd, yyyy", "Nov 23, 2026"},
-        {"MMMM dd, yyyy", "November 23, 2026"},
-        {"mmmm yyyy", "November 2026"},
-        {"MMMM, YYYY", "November, 2026"},
-        {"dddd MMMM dd, yyyy", "Monday November 23, 2026"},
-        {"dd/mm/yy", "23/11/26"},
-        {"dd-mm-yy", "23-11-26"},
-        {"dd-mmm-yyyy", "23-Nov-2026"},
-        {"dd MMMM yyyy", "23 November 2026"},
-        {"MM/dd/yy ddd", "11/23/26 Mon"},
-        {"HH:MM", "22:05"},
-        {"H:MM", "22:05"},
-        {"HH:MM AM/PM", "10:05 PM"},
-        {"hh:mm AM/PM", "10:05 PM"},
-        {"HH:MM AMPM", "10:05 PM"},
-        {"HH:mm ampm", "10:05 PM"},
-        {"H:MMam/pm", "10:05pm"},
-        {"H:MMAM/PM", "10:05PM"},
-        {"H:MMA/P", "10:05P"},
-        {"H:MMa/p", "10:05p"},
-        {"HH:MMam/pm", "10:05pm"},
-        {"h:nn:ss", "22:05:09"},
-        {"mm:ss", "05:09"},
-    };
-    for (const auto& c : cases) EXPECT_EQ(formatDateTime(kEvening, c.format), c.expected) << c.format;
+    expectDates({
+        {"mm/dd/yyyy hh:mm ampm", "11/23/2026 10:05 PM"}, {"mm/dd/yyyy", "11/23/2026"},
+        {"MM/dd/yyyy", "11/23/2026"},                     {"dddd mmm dd, yyyy", "Monday Nov 23, 2026"},
+        {"DDDD mmm dd, yyyy", "Monday Nov 23, 2026"},     {"ddd mmm dd, YYYY", "Mon Nov 23, 2026"},
+        {"ddd mmm, dd", "Mon Nov, 23"},                   {"ddd mmm dd", "Mon Nov 23"},
+        {"mmm d", "Nov 23"},                              {"mmm dd, yyyy", "Nov 23, 2026"},
+        {"MMMM dd, yyyy", "November 23, 2026"},           {"mmmm yyyy", "November 2026"},
+        {"MMMM, YYYY", "November, 2026"},                 {"dddd MMMM dd, yyyy", "Monday November 23, 2026"},
+        {"dd/mm/yy", "23/11/26"},                         {"dd-mm-yy", "23-11-26"},
+        {"dd-mmm-yyyy", "23-Nov-2026"},                   {"dd MMMM yyyy", "23 November 2026"},
+        {"MM/dd/yy ddd", "11/23/26 Mon"},                 {"HH:MM", "22:05"},
+        {"H:MM", "22:05"},                                {"HH:MM AM/PM", "10:05 PM"},
+        {"hh:mm AM/PM", "10:05 PM"},                      {"HH:MM AMPM", "10:05 PM"},
+        {"HH:mm ampm", "10:05 PM"},                       {"H:MMam/pm", "10:05pm"},
+        {"H:MMAM/PM", "10:05PM"},                         {"H:MMA/P", "10:05P"},
+        {"H:MMa/p", "10:05p"},                            {"HH:MMam/pm", "10:05pm"},
+        {"h:nn:ss", "22:05:09"},                          {"mm:ss", "05:09"},
+    });
 }
 
 TEST(FormatDateTime, TwelveHourClockAroundMidnightAndNoon) {
@@ -77,27 +64,21 @@ TEST(FormatDateTime, TwelveHourClockAroundMidnightAndNoon) {
 }
 
 TEST(FormatDateTime, MinutesOrMonthsByTheirNeighbours) {
-    const DateTime t = DateTime::fromParts(2026, 3, 4, 7, 45, 30);
-    EXPECT_EQ(formatDateTime(t, "m/d/yyyy h:m"), "3/4/2026 7:45");
-    EXPECT_EQ(formatDateTime(t, "mm"), "03");
-    EXPECT_EQ(formatDateTime(t, "hh mm"), "07 45");
-    EXPECT_EQ(formatDateTime(t, "mm:ss"), "45:30");
-    EXPECT_EQ(formatDateTime(t, "hh:nn mm"), "07:45 03");  // a month after minutes stays a month
-    EXPECT_EQ(formatDateTime(t, "mmm hh:mm"), "Mar 07:45");
+    // "hh:nn mm": a month after minutes stays a month.
+    expectDates({{"m/d/yyyy h:m", "3/4/2026 7:45"}, {"mm", "03"}, {"hh mm", "07 45"}, {"mm:ss", "45:30"},
+                 {"hh:nn mm", "07:45 03"}, {"mmm hh:mm", "Mar 07:45"}},
+                {}, DateTime::fromParts(2026, 3, 4, 7, 45, 30));
 }
 
 TEST(FormatDateTime, NamedFormatsFollowTheLocale) {
-    EXPECT_EQ(formatDateTime(kEvening, "short date"), "11/23/2026");
-    EXPECT_EQ(formatDateTime(kEvening, "Short Date"), "11/23/2026");
-    EXPECT_EQ(formatDateTime(kEvening, "long date"), "Monday, November 23, 2026");
-    EXPECT_EQ(formatDateTime(kEvening, "medium date"), "23-Nov-26");
-    EXPECT_EQ(formatDateTime(kEvening, "long time"), "10:05:09 PM");
-    EXPECT_EQ(formatDateTime(kEvening, "medium time"), "10:05 PM");
-    EXPECT_EQ(formatDateTime(kEvening, "short time"), "22:05");
-    EXPECT_EQ(formatDateTime(kEvening, "general date"), "11/23/2026 10:05:09 PM");
-    EXPECT_EQ(formatDateTime(kEvening, ""), "11/23/2026 10:05:09 PM");
-    EXPECT_EQ(formatDateTime(DateTime::fromParts(2026, 11, 23), "General Date"), "11/23/2026");
-    EXPECT_EQ(formatDateTime(DateTime::fromParts(1899, 12, 30, 8, 0), "general date"), "8:00:00 AM");
+    expectDates({
+        {"short date", "11/23/2026"},   {"Short Date", "11/23/2026"},  {"long date", "Monday, November 23, 2026"},
+        {"medium date", "23-Nov-26"},   {"long time", "10:05:09 PM"}, {"medium time", "10:05 PM"},
+        {"short time", "22:05"},        {"general date", "11/23/2026 10:05:09 PM"},
+        {"", "11/23/2026 10:05:09 PM"},
+    });
+    expectDates({{"General Date", "11/23/2026"}}, {}, DateTime::fromParts(2026, 11, 23));
+    expectDates({{"general date", "8:00:00 AM"}}, {}, DateTime::fromParts(1899, 12, 30, 8, 0));
 
     FormatLocale uk;
     uk.shortDatePattern = "dd/mm/yyyy";
@@ -105,23 +86,17 @@ TEST(FormatDateTime, NamedFormatsFollowTheLocale) {
     uk.longTimePattern = "hh:nn:ss";
     uk.amDesignator = "am";
     uk.pmDesignator = "pm";
-    EXPECT_EQ(formatDateTime(kEvening, "short date", uk), "23/11/2026");
-    EXPECT_EQ(formatDateTime(kEvening, "long date", uk), "23 November 2026");
-    EXPECT_EQ(formatDateTime(kEvening, "general date", uk), "23/11/2026 22:05:09");
-    EXPECT_EQ(formatDateTime(kEvening, "hh:nn ampm", uk), "10:05 pm");
-    EXPECT_EQ(formatDateTime(kEvening, "ddddd", uk), "23/11/2026");
-    EXPECT_EQ(formatDateTime(kEvening, "c", uk), "23/11/2026 22:05:09");
+    expectDates({{"short date", "23/11/2026"}, {"long date", "23 November 2026"},
+                 {"general date", "23/11/2026 22:05:09"}, {"hh:nn ampm", "10:05 pm"}, {"ddddd", "23/11/2026"},
+                 {"c", "23/11/2026 22:05:09"}},
+                uk);
 }
 
 TEST(FormatDateTime, LiteralsEscapesAndOtherTokens) {
-    EXPECT_EQ(formatDateTime(kEvening, "\"Week of\" mmm d"), "Week of Nov 23");
-    EXPECT_EQ(formatDateTime(kEvening, "\\d\\a\\y d"), "day 23");
-    EXPECT_EQ(formatDateTime(kEvening, "yyyy-mm-dd"), "2026-11-23");
-    EXPECT_EQ(formatDateTime(kEvening, "q"), "4");
-    EXPECT_EQ(formatDateTime(kEvening, "y"), "327");
-    EXPECT_EQ(formatDateTime(kEvening, "w"), "2");
-    EXPECT_EQ(formatDateTime(DateTime::fromParts(2026, 1, 3), "ww"), "1");   // Saturday of week 1
-    EXPECT_EQ(formatDateTime(DateTime::fromParts(2026, 1, 4), "ww"), "2");   // the next Sunday
+    expectDates({{"\"Week of\" mmm d", "Week of Nov 23"}, {"\\d\\a\\y d", "day 23"}, {"yyyy-mm-dd", "2026-11-23"},
+                 {"q", "4"}, {"y", "327"}, {"w", "2"}});
+    expectDates({{"ww", "1"}}, {}, DateTime::fromParts(2026, 1, 3));  // Saturday of week 1
+    expectDates({{"ww", "2"}}, {}, DateTime::fromParts(2026, 1, 4));  // the next Sunday
     EXPECT_EQ(formatDate(Date::fromYmd(2024, 2, 29), "dddd d mmmm yyyy"), "Thursday 29 February 2024");
     // A locale pattern that names itself must not loop.
     FormatLocale odd;

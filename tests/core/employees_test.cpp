@@ -4,6 +4,7 @@
 #include "reference/person_list.h"
 #include "reference/queryemployee.h"
 
+#include "support/table_rows.h"
 #include "support/test_database.h"
 
 #include <string>
@@ -27,9 +28,7 @@ protected:
     long addPerson(const std::string& fname, const std::string& lname, const std::string& primpos = "") {
         EXPECT_TRUE(store::InsertRecs(s(), "insert into person (lname,fname,primpos,active) values(?,?,?,1)",
                                       {lname, fname, primpos}));
-        return static_cast<long>(
-            store::GetRecs(s(), "select personid from person where lname=? and fname=?", {lname, fname})["personid"]
-                .toLong());
+        return lastId(s(), "person", "personid");
     }
     void addPosition(const std::string& title) {
         ASSERT_TRUE(store::InsertRecs(s(), "insert into position (title) values(?)", {title}));
@@ -56,19 +55,16 @@ protected:
                               "values(?,?,?,?,?,?,'Cook','',?)",
                               {id, lname, fname, day, DateTime::at(day, 9), DateTime::at(day, 17), sname}));
     }
-    Rows column(const std::string& sql, const store::Params& params = {}) {
-        Rows out;
-        for (auto rs = store::GetRecs(s(), sql, params); !rs.eof(); rs.MoveNext())
-            out.push_back(rs.field(rs.position(), std::size_t{0}).isNull()
-                              ? "<null>"
-                              : rs.field(rs.position(), std::size_t{0}).text());
-        return out;
-    }
+    Rows column(const std::string& sql, const store::Params& params = {}) { return testing::column(s(), sql, params); }
     std::size_t count(const std::string& table, long id) {
         return store::GetRecs(s(), "select * from " + table + " where personid=?", {id}).RecordCount();
     }
-    std::string personField(long id, const std::string& column) {
-        return store::GetRecs(s(), "select * from person where personid=?", {id})[column].text();
+    // The stored fields of an employee, joined by " | ".
+    std::string personField(long id, std::initializer_list<const char*> columns) {
+        const auto rs = store::GetRecs(s(), "select * from person where personid=?", {id});
+        std::string out;
+        for (const char* c : columns) out += (out.empty() ? "" : " | ") + rs[c].text();
+        return out;
     }
     void userMode(common::UserRights rights) {
         s().IsUserMode = true;
@@ -96,10 +92,10 @@ TEST_F(EmployeesTest, RenameFollowsEntriesOfTheOpenScheduleFileOnly) {
     EXPECT_FALSE(w->Save());
     EXPECT_EQ(ui.messages.back().text,
               "You have changed the name from Sam Sample to Samuel Sample is this what you want to do?");
-    EXPECT_EQ(personField(kSam, "fname"), "Sam");
+    EXPECT_EQ(personField(kSam, {"fname"}), "Sam");
 
     ASSERT_TRUE(w->Save());
-    EXPECT_EQ(personField(kSam, "fname"), "Samuel");
+    EXPECT_EQ(personField(kSam, {"fname"}), "Samuel");
     EXPECT_EQ(column("select fname from sched where sname='Week A'"), Rows{"Samuel"});
     EXPECT_EQ(column("select fname from sched where sname='Week B'"), Rows{"Sam"});
     EXPECT_EQ(column("select fullname from employeeleave"), Rows{"Sample, Samuel"});
@@ -124,7 +120,7 @@ TEST_F(EmployeesTest, CaseOnlyRenameMakesNoCheckAndNoCascade) {
     EXPECT_EQ(column("select fname from person where personid=1"), Rows{"Sam"});
     EXPECT_EQ(column("select fname from sched"), Rows{"Sam"});
     EXPECT_EQ(column("select fullname from employeeleave"), Rows{"Sample, Sam"});
-    EXPECT_EQ(personField(kSam, "city"), "Shelbyville");
+    EXPECT_EQ(personField(kSam, {"city"}), "Shelbyville");
 }
 
 TEST_F(EmployeesTest, DuplicateNamesAreRefusedEverywhere) {
@@ -149,7 +145,7 @@ TEST_F(EmployeesTest, DuplicateNamesAreRefusedEverywhere) {
     w->fieldChanged("LName");
     EXPECT_FALSE(w->Save());
     EXPECT_TRUE(ui.shown("A person with the name 'Sam Sample' already exists."));
-    EXPECT_EQ(personField(ann, "lname"), "Lee");
+    EXPECT_EQ(personField(ann, {"lname"}), "Lee");
     EXPECT_EQ(column("select personid from person"), (Rows{"1", std::to_string(ann)}));
 }
 
@@ -159,8 +155,7 @@ TEST_F(EmployeesTest, NameChecksOfTheThreeWindows) {
     EXPECT_TRUE(ui.shown("No first name or last name were entered"));
     quick.LName = "Cher";
     ASSERT_TRUE(quick.OKButton());
-    EXPECT_EQ(personField(s().currentEmployee, "lname"), "Cher");
-    EXPECT_EQ(personField(s().currentEmployee, "active"), "1");
+    EXPECT_EQ(personField(s().currentEmployee, {"lname", "active"}), "Cher | 1");
 
     EditStaffnew full(s());
     ASSERT_TRUE(full.Load());
@@ -263,7 +258,7 @@ TEST_F(EmployeesTest, UserModeRights) {
     EXPECT_TRUE(
         ui.shown("You do not have permission to change employee records. To make the changes, restart "
                  "Tallymere and enter the owner password."));
-    EXPECT_EQ(personField(kSam, "city"), "Springfield");
+    EXPECT_EQ(personField(kSam, {"city"}), "Springfield");
 
     s().IsUserMode = false;
     EXPECT_TRUE(openEditor(kSam)->payFieldsVisible);
@@ -276,16 +271,13 @@ TEST_F(EmployeesTest, EmptyRateLeavesTheWholePayGroupAsStored) {
     w->fieldChanged("hourlyrate");
     w->fieldChanged("hoursperweek");
     ASSERT_TRUE(w->Save());
-    EXPECT_EQ(personField(kSam, "hourlyrate"), "12.50");
-    EXPECT_EQ(personField(kSam, "hoursperweek"), "40");
+    EXPECT_EQ(personField(kSam, {"hourlyrate", "hoursperweek"}), "12.50 | 40");
 
     w->hourlyrate = "14.25";
     w->primaryskill = "7";
     w->fieldChanged("primaryskill");
     ASSERT_TRUE(w->Save());
-    EXPECT_EQ(personField(kSam, "hourlyrate"), "14.25");
-    EXPECT_EQ(personField(kSam, "hoursperweek"), "20");
-    EXPECT_EQ(personField(kSam, "skilllevel"), "7");
+    EXPECT_EQ(personField(kSam, {"hourlyrate", "hoursperweek", "skilllevel"}), "14.25 | 20 | 7");
 }
 
 TEST_F(EmployeesTest, DatesAreCheckedAndStoredAsMonthDayYear) {
@@ -305,9 +297,7 @@ TEST_F(EmployeesTest, DatesAreCheckedAndStoredAsMonthDayYear) {
 
     w->empenddate = "2027-01-31";
     ASSERT_TRUE(w->Save());
-    EXPECT_EQ(personField(kSam, "doh"), "03/04/2026");
-    EXPECT_EQ(personField(kSam, "enddate"), "01/31/2027");
-    EXPECT_EQ(personField(kSam, "dob"), "");
+    EXPECT_EQ(personField(kSam, {"doh", "enddate", "dob"}), "03/04/2026 | 01/31/2027 | ");
 }
 
 TEST_F(EmployeesTest, NewEmployeeCopiesTheWorkTables) {
@@ -366,15 +356,13 @@ TEST_F(EmployeesTest, NewEmployeeCopiesTheWorkTables) {
     ASSERT_TRUE(w.Save());
     const long id = w.newPersonid();
     ASSERT_GT(id, kSam);
-    EXPECT_EQ(personField(id, "primpos"), "Cook");
-    EXPECT_EQ(personField(id, "hoursperweek"), "32");
-    EXPECT_EQ(personField(id, "hourlyrate"), "");
-    EXPECT_EQ(personField(id, "doh"), "11/02/2026");
-    EXPECT_EQ(personField(kSam, "doh"), "01/02/2026");
+    EXPECT_EQ(personField(id, {"primpos", "hoursperweek", "hourlyrate", "doh"}), "Cook | 32 |  | 11/02/2026");
+    EXPECT_EQ(personField(kSam, {"doh"}), "01/02/2026");
     // The desired shift keeps the preference; its position stays empty.
-    EXPECT_EQ(column("select sday from desiredshift where personid=?", {id}), Rows{"3"});
-    EXPECT_EQ(column("select preference from desiredshift where personid=?", {id}), Rows{"8"});
-    EXPECT_EQ(column("select position from desiredshift where personid=?", {id}), Rows{"<null>"});
+    EXPECT_EQ(column("select sday || '/' || preference || '/' || ifnull(position, '<null>') from desiredshift "
+                     "where personid=?",
+                     {id}),
+              Rows{"3/8/<null>"});
     EXPECT_EQ(column("select lname || '/' || position || '/' || hourlyrate from qualifications where personid=?", {id}),
               Rows{"O'Lee/Server/9.50"});
     EXPECT_EQ(column("select fullname from employeeleave where personid=?", {id}), (Rows{"O'Lee, Ann", "O'Lee, Ann"}));
@@ -393,9 +381,9 @@ TEST_F(EmployeesTest, LeavingWithUnsavedWorkAsks) {
     ui.answer(MsgAnswer::No);
     EXPECT_TRUE(w->QueryUnload());
     EXPECT_EQ(ui.messages.back().text, "Would you like to save the changes for Sam Sample?");
-    EXPECT_EQ(personField(kSam, "phone"), "555-0100");
+    EXPECT_EQ(personField(kSam, {"phone"}), "555-0100");
     EXPECT_TRUE(w->QueryUnload());
-    EXPECT_EQ(personField(kSam, "phone"), "555-0199");
+    EXPECT_EQ(personField(kSam, {"phone"}), "555-0199");
 
     EditStaffnew n(s());
     ASSERT_TRUE(n.Load());
@@ -423,7 +411,7 @@ TEST_F(EmployeesTest, ChoosingAnotherEmployeeInTheListMovesTheWindow) {
     EXPECT_EQ(s().currentEmployee, ann);
     EXPECT_EQ(w->Caption, "Edit Employee - Ann Lee");
     EXPECT_EQ(w->zip, "");
-    EXPECT_EQ(personField(kSam, "zip"), "62701");
+    EXPECT_EQ(personField(kSam, {"zip"}), "62701");
 }
 
 TEST_F(EmployeesTest, NamesWithApostrophes) {
@@ -432,7 +420,7 @@ TEST_F(EmployeesTest, NamesWithApostrophes) {
     quick.LName = "O'Brien";
     ASSERT_TRUE(quick.OKButton());
     const long id = s().currentEmployee;
-    EXPECT_EQ(personField(id, "lname"), "O'Brien");
+    EXPECT_EQ(personField(id, {"lname"}), "O'Brien");
     addDependents(id, "O'Brien", "D'Arcy");
 
     PersonListFrm list(s());
@@ -457,12 +445,12 @@ TEST_F(EmployeesTest, PictureIsChosenStoredAndCleared) {
     EXPECT_FALSE(w->picturebutton());
     ui.nextFile("/pictures/sam.jpg");
     ASSERT_TRUE(w->picturebutton());
-    EXPECT_EQ(personField(kSam, "picfile"), "/pictures/sam.jpg");
+    EXPECT_EQ(personField(kSam, {"picfile"}), "/pictures/sam.jpg");
     EXPECT_EQ(w->picturePath(), "/pictures/sam.jpg");
     EXPECT_EQ(reference::picturewindowCaption(w->picturePath(), true), "Viewer [/pictures/sam.jpg]");
     EXPECT_EQ(reference::picturewindowCaption(w->picturePath(), false), "Viewer [Invalid picture]");
     ASSERT_TRUE(w->clearbutton());
-    EXPECT_EQ(personField(kSam, "picfile"), "");
+    EXPECT_EQ(personField(kSam, {"picfile"}), "");
     EXPECT_EQ(w->picturePath(), s().programFolder + "/blankpic.bmp");
 }
 

@@ -2,11 +2,8 @@
 #include "schedule/daily_schedule.h"
 #include "schedule/undo.h"
 
-#include "shell/main_form.h"
-#include "support/fake_main_form_host.h"
-#include "support/test_database.h"
+#include "support/schedule_test.h"
 
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -18,49 +15,26 @@ using common::DateTime;
 using common::MsgAnswer;
 using common::MsgIcon;
 using schedule::dailyadd;
-using schedule::dailyflexgrid;
 using schedule::DailyGrid;
 using Rows = std::vector<std::string>;
 
-const Date kDay = Date::fromYmd(2026, 11, 23);  // a Monday
-constexpr long kSam = 1;                        // the template's sample employee, 12.50 an hour
-
-class EntryTest : public DatabaseTest {
+class EntryTest : public DailyWindowTest {
 protected:
     void SetUp() override {
-        DatabaseTest::SetUp();
-        s().currentSchedule = "Week 1";
-        s().activeDate = kDay;
-        ASSERT_TRUE(store::UdateRecs(s(), "update person set primpos='Cook' where personid=1"));
-        window = std::make_unique<dailyflexgrid>(s(), form);
-        window->updailyflexform();
+        DailyWindowTest::SetUp();
+        open();
     }
 
     long addPerson(const std::string& lname, const std::string& fname) {
-        EXPECT_TRUE(store::InsertRecs(s(), "insert into person (lname,fname,primpos,active) values(?,?,'Server',1)",
-                                      {lname, fname}));
-        const long id = static_cast<long>(store::GetRecs(s(), "select max(personid) as id from person")["id"].toLong());
+        const long id = ScheduleTest::addPerson(lname, fname);
         window->FillEmployeeList();
         return id;
     }
-    long addEntry(long personid, const std::string& lname, const std::string& fname, int hour, int minutes,
-                  Date day = kDay) {
+    long addEntry(long personid, int hour, int minutes, Date day = kDay) {
         const DateTime start = DateTime::at(day, hour);
-        EXPECT_TRUE(store::InsertRecs(s(),
-                                      "insert into sched (personid,lname,fname,sday,strttime,endtime,position,shift,"
-                                      "sname) values(?,?,?,?,?,?,'Cook','Day','Week 1')",
-                                      {personid, lname, fname, day, start, start.addMinutes(minutes)}));
-        return static_cast<long>(store::GetRecs(s(), "select max(schedid) as id from sched")["id"].toLong());
+        return ScheduleTest::addEntry(personid, start, start.addMinutes(minutes));
     }
-    void addLeave(long personid) {
-        ASSERT_TRUE(store::InsertRecs(
-            s(), "insert into employeeleave (personid,fullname,typeofleave,sday) values(?,'x','Sick',?)",
-            {personid, kDay}));
-    }
-    void unavailableAllDay(long personid) {
-        ASSERT_TRUE(store::InsertRecs(s(), "insert into availability (personid,sday,houravail) values(?,'Monday',?)",
-                                      {personid, std::string(24, 'N')}));
-    }
+    void unavailableAllDay(long personid) { setAvailability(personid, kDay, std::string(24, 'N')); }
     // The quick bar's two times, start first.
     void times(const std::string& sh, const std::string& sm, const std::string& sap, const std::string& eh,
                const std::string& em, const std::string& eap) {
@@ -68,10 +42,7 @@ protected:
         form.TeTxtMin = {em, sm};
         form.TEAmPm = {eap, sap};
     }
-    void pick(long personid) {
-        for (std::size_t i = 0; i < window->lstlist.rows.size(); ++i)
-            if (window->lstlist.rows[i].personid == personid) window->lstlist_Click(static_cast<int>(i));
-    }
+    void pick(long personid) { window->lstlist_Click(listRow(personid)); }
     store::Recordset entries() {
         return store::GetRecs(s(), "select * from sched where sname='Week 1' order by schedid");
     }
@@ -85,10 +56,6 @@ protected:
             if (editor.EmplBBlist[i].personid == personid) editor.EmplBBlistIndex = static_cast<int>(i);
         return editor.EmplBBlistIndex;
     }
-
-    FakeMainFormHost host;
-    shell::MainForm form{*session, host};
-    std::unique_ptr<dailyflexgrid> window;
 };
 
 // --- Quick add
@@ -138,7 +105,7 @@ TEST_F(EntryTest, QuickAddRefusesBadTimesInItsOrder) {
 
 TEST_F(EntryTest, QuickAddForUnassignedSkipsEveryTestAndEndsAsUnassigned) {
     // Unassigned entries may share their times.
-    addEntry(-1, "**Unassigned**", "", 9, 8 * 60);
+    addEntry(-1, 9, 8 * 60);
     form.positioncombo.text = "  Host ";
     s().settings.dailyflexgridshowposition = false;
     window->RefreshDailyGrid();
@@ -199,7 +166,7 @@ TEST_F(EntryTest, QuickAddOfAnEmployeeAsksAndMarksThem) {
 }
 
 TEST_F(EntryTest, QuickAddOvertimeAlertSumsTheWeekTheEntryAndTheEarlierFigure) {
-    for (int d = 1; d <= 4; ++d) addEntry(kSam, "Sample", "Sam", 8, 9 * 60, kDay.addDays(d));  // 36 hours
+    for (int d = 1; d <= 4; ++d) addEntry(kSam, 8, 9 * 60, kDay.addDays(d));  // 36 hours
     pick(kSam);
     times("9", "00", "AM", "1", "00", "PM");  // 4 hours: 36 + 4 is not over 40
     s().settings.gb_AlertDoubleShifts = false;
@@ -218,7 +185,7 @@ TEST_F(EntryTest, QuickAddOvertimeAlertSumsTheWeekTheEntryAndTheEarlierFigure) {
 }
 
 TEST_F(EntryTest, QuickAddsLeaveNothingToUndo) {
-    addEntry(-1, "**Unassigned**", "", 9, 60);
+    addEntry(-1, 9, 60);
     schedule::SaveUndoSnapshot(s(), kDay, kDay, "Undo Paste", true, "Week 1");
     ASSERT_TRUE(form.menuVisible("mnuEditUndo"));
     pick(-1);
@@ -249,7 +216,7 @@ TEST_F(EntryTest, TheEditorOpensOnTheEntry) {
     addLeave(zed);
     ASSERT_TRUE(store::InsertRecs(s(), "insert into shift (name,strttime,endtime) values('Late',?,?)",
                                   {DateTime::fromParts(2006, 1, 1, 14, 30), DateTime::fromParts(2006, 1, 1, 23)}));
-    const long id = addEntry(kSam, "Sample", "Sam", 22, 8 * 60);
+    const long id = addEntry(kSam, 22, 8 * 60);
     ASSERT_TRUE(store::UdateRecs(s(), "update sched set comment='keys', section='Bar' where schedid=?", {id}));
 
     dailyadd editor(s(), id);
@@ -278,8 +245,8 @@ TEST_F(EntryTest, TheEditorOpensOnTheEntry) {
 }
 
 TEST_F(EntryTest, AnEditOfTheNoteAloneSkipsEveryTestAndCanBeUndone) {
-    addEntry(kSam, "Sample", "Sam", 9, 8 * 60);
-    const long id = addEntry(kSam, "Sample", "Sam", 10, 60);  // sits inside the first
+    addEntry(kSam, 9, 8 * 60);
+    const long id = addEntry(kSam, 10, 60);  // sits inside the first
     addLeave(kSam);
     unavailableAllDay(kSam);
 
@@ -293,24 +260,23 @@ TEST_F(EntryTest, AnEditOfTheNoteAloneSkipsEveryTestAndCanBeUndone) {
     EXPECT_EQ(rs["strttime"].text(), "2026-11-23 10:00:00");
     EXPECT_EQ(form.menu("mnuEditUndo").caption, "Undo Edit Schedule");
     EXPECT_TRUE(s().refreshWanted);
-
-    // The daily window shows the edit in the entry's own row.
-    window->RefreshDailyGrid();
-    ASSERT_TRUE(store::UdateRecs(s(), "update sched set comment='again' where schedid=?", {id}));
-    window->editorClosed(id);
-    EXPECT_EQ(window->grid1.TextMatrix(window->grid1.findRow(id), DailyGrid::NoteCol), "again");
 }
 
 TEST_F(EntryTest, ChangedTimesOfTheSameEmployeeAreCheckedOnlyAgainstTheirOtherEntries) {
-    addEntry(kSam, "Sample", "Sam", 13, 4 * 60);
-    const long id = addEntry(kSam, "Sample", "Sam", 8, 60);
+    addEntry(kSam, 13, 4 * 60);
+    const long id = addEntry(kSam, 8, 60);
     addLeave(kSam);  // leave is not asked when the employee stays
 
     dailyadd editor(s(), id);
     ASSERT_TRUE(editor.Form_Load());
+    editor.times[0] = editor.times[1];  // no length: asked, and No keeps the editor open
+    ui.answer(MsgAnswer::No);
+    EXPECT_FALSE(editor.Command1_Click());
     editor.times[0] = {"2", "", "PM"};  // 8:00 AM to 2:00 PM runs into the afternoon entry
     EXPECT_FALSE(editor.Command1_Click());
-    EXPECT_EQ(ui.texts(), (Rows{"Sam Sample is already scheduled for that time."}));
+    EXPECT_EQ(ui.texts(), (Rows{"The start time is equal to the end time, this shift is 0 hours long, is this correct?",
+                                "Sam Sample is already scheduled for that time."}));
+    EXPECT_EQ(ui.messages[0].title, "Edit Schedule Entry");
 
     ui.clear();
     editor.times[0] = {"1", "", "PM"};
@@ -322,10 +288,10 @@ TEST_F(EntryTest, ChangedTimesOfTheSameEmployeeAreCheckedOnlyAgainstTheirOtherEn
 
 TEST_F(EntryTest, AChangedEmployeeIsTestedInTheEditorsOrderAndWords) {
     const long zed = addPerson("Zed", "Zoe");
-    addEntry(zed, "Zed", "Zoe", 18, 4 * 60);  // already 4 hours today
+    addEntry(zed, 18, 4 * 60);  // already 4 hours today
     addLeave(zed);
     unavailableAllDay(zed);
-    const long id = addEntry(kSam, "Sample", "Sam", 9, 60);
+    const long id = addEntry(kSam, 9, 60);
 
     dailyadd editor(s(), id);
     ASSERT_TRUE(editor.Form_Load());
@@ -353,8 +319,8 @@ TEST_F(EntryTest, AChangedEmployeeIsTestedInTheEditorsOrderAndWords) {
 }
 
 TEST_F(EntryTest, AnEditToUnassignedSkipsEveryTest) {
-    addEntry(-1, "**Unassigned**", "", 9, 60);  // the same time, twice unassigned is fine
-    const long id = addEntry(kSam, "Sample", "Sam", 9, 60);
+    addEntry(-1, 9, 60);  // the same time, twice unassigned is fine
+    const long id = addEntry(kSam, 9, 60);
     dailyadd editor(s(), id);
     ASSERT_TRUE(editor.Form_Load());
     selectEmployee(editor, -1);
@@ -366,18 +332,6 @@ TEST_F(EntryTest, AnEditToUnassignedSkipsEveryTest) {
     EXPECT_EQ(rs["lname"].text(), "**Unassigned**");
     EXPECT_EQ(rs["fname"].text(), "");
     EXPECT_EQ(rs["strttime"].text(), "2026-11-23 08:00:00");
-}
-
-TEST_F(EntryTest, TheEditorConfirmsAZeroLengthEntry) {
-    const long id = addEntry(kSam, "Sample", "Sam", 9, 60);
-    dailyadd editor(s(), id);
-    ASSERT_TRUE(editor.Form_Load());
-    editor.times[0] = editor.times[1];
-    ui.answer(MsgAnswer::No);
-    EXPECT_FALSE(editor.Command1_Click());
-    EXPECT_EQ(ui.texts(),
-              (Rows{"The start time is equal to the end time, this shift is 0 hours long, is this correct?"}));
-    EXPECT_EQ(ui.messages[0].title, "Edit Schedule Entry");
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 #include "schedule/entry_rules.h"
 
-#include "support/test_database.h"
+#include "support/schedule_test.h"
 
 #include <optional>
 #include <string>
@@ -27,27 +27,17 @@ std::string withN(std::initializer_list<int> positions) {
     return hours;
 }
 
-class EntryRulesTest : public DatabaseTest {
+class EntryRulesTest : public ScheduleTest {
 protected:
-    void SetUp() override {
-        DatabaseTest::SetUp();
-        s().currentSchedule = "Week 1";
-    }
-    // The entry belongs to the day of its start unless told otherwise.
+    // The entry belongs to the day of its start.
     long addEntry(DateTime start, DateTime end, const std::string& sname = "Week 1", long personid = kAnn) {
         EXPECT_TRUE(store::InsertRecs(
             s(), "insert into sched (personid,lname,fname,sday,strttime,endtime,sname) values(?,'Lee','Ann',?,?,?,?)",
             {personid, start.date(), start, end, sname}));
-        return static_cast<long>(store::GetRecs(s(), "select max(schedid) as id from sched")["id"].toLong());
+        return lastId(s(), "sched", "schedid");
     }
-    void setAvailability(Date day, const std::string& hours) {
-        EXPECT_TRUE(store::InsertRecs(s(), "insert into availability (personid,sday,houravail) values(?,?,?)",
-                                      {kAnn, common::GetDayName(day), hours}));
-    }
-    void addLeave(Date day, const store::Value& type) {
-        EXPECT_TRUE(store::InsertRecs(s(), "insert into employeeleave (personid,typeofleave,sday) values(?,?,?)",
-                                      {kAnn, type, day}));
-    }
+    void setAvailability(Date day, const std::string& hours) { ScheduleTest::setAvailability(kAnn, day, hours); }
+    void addLeave(Date day, const store::Value& type) { ScheduleTest::addLeave(kAnn, day, type); }
     bool check(DateTime start, DateTime end) { return CheckEntryConflict(s(), kAnn, kDay, start, end, "Lee", "Ann"); }
 };
 
@@ -123,15 +113,8 @@ TEST_F(EntryRulesTest, ConflictsOnTheDayAndItsNeighboursAreTheSameSpokenOrSilent
         EXPECT_EQ(HasConflict(s(), kAnn, kDay, start, end), !c.text.empty()) << c.what;
         EXPECT_TRUE(ui.messages.empty()) << c.what;
         EXPECT_EQ(check(c.start, c.end), !c.text.empty()) << c.what;
-        if (c.text.empty()) {
-            EXPECT_TRUE(ui.messages.empty()) << c.what;
-        } else {
-            ASSERT_EQ(ui.messages.size(), 1u) << c.what;
-            EXPECT_EQ(ui.messages[0].text, c.text) << c.what;
-            EXPECT_EQ(ui.messages[0].title, c.title) << c.what;
-            EXPECT_EQ(ui.messages[0].icon, MsgIcon::Exclamation) << c.what;
-            EXPECT_EQ(ui.messages[0].buttons, MsgButtons::Ok) << c.what;
-        }
+        const Messages said{{c.text, MsgButtons::Ok, MsgIcon::Exclamation, c.title}};
+        EXPECT_EQ(ui.messages, c.text.empty() ? Messages{} : said) << c.what;
     }
 }
 
@@ -321,11 +304,6 @@ TEST(EntryTimesTest, AnEndBeforeTheStartFallsOnTheNextDay) {
 // ---------------------------------------------------------------------------------------------
 // Alerts and the editor's warnings.
 
-TEST(AlertHoursTest, HalvesGoToTheEvenNeighbour) {
-    const std::pair<double, long> cases[] = {{12.5, 12}, {13.5, 14}, {0.5, 0}, {2.5, 2}, {12.51, 13}, {40.49, 40}};
-    for (const auto& [hours, whole] : cases) EXPECT_EQ(alertHours(hours), whole) << hours;
-}
-
 TEST_F(EntryRulesTest, TheTwelveHourAlertComparesTheRoundedLength) {
     long h = -1;
     EXPECT_TRUE(AlertShiftOver12Hours(s(), at(0, 8), at(0, 20, 30), h));
@@ -335,13 +313,9 @@ TEST_F(EntryRulesTest, TheTwelveHourAlertComparesTheRoundedLength) {
     ui.answer(MsgAnswer::No);
     EXPECT_FALSE(AlertShiftOver12Hours(s(), at(0, 8), at(0, 21, 30), h));
     EXPECT_EQ(h, 14);
-    ASSERT_EQ(ui.messages.size(), 1u);
-    EXPECT_EQ(ui.messages[0].text,
-              "This schedule entry is 14.00 hrs long, starting 11/23/2026 8:00:00 AM and ending 11/23/2026 "
-              "9:30:00 PM. Is this correct?");
-    EXPECT_EQ(ui.messages[0].icon, MsgIcon::Information);
-    EXPECT_EQ(ui.messages[0].buttons, MsgButtons::YesNo);
-    EXPECT_EQ(ui.messages[0].title, "");
+    EXPECT_EQ(ui.messages, (Messages{{"This schedule entry is 14.00 hrs long, starting 11/23/2026 8:00:00 AM and "
+                                      "ending 11/23/2026 9:30:00 PM. Is this correct?",
+                                      MsgButtons::YesNo, MsgIcon::Information, ""}}));
 
     s().settings.gb_AlertShiftOver12Hours = false;
     EXPECT_TRUE(AlertShiftOver12Hours(s(), at(0, 8), at(1, 8), h));
@@ -361,11 +335,8 @@ TEST_F(EntryRulesTest, TheDoubleShiftAlertAsksAboutTheDaysRoundedHours) {
     ui.answer(MsgAnswer::No);
     EXPECT_FALSE(AlertDoubleShift(s(), kAnn, kDay, "Double Shift Alert", d));
     EXPECT_EQ(d, 4);
-    ASSERT_EQ(ui.messages.size(), 1u);
-    EXPECT_EQ(ui.messages[0].text, "Employee is already scheduled for 04.00 hours today. Continue?");
-    EXPECT_EQ(ui.messages[0].title, "Double Shift Alert");
-    EXPECT_EQ(ui.messages[0].icon, MsgIcon::Question);
-    EXPECT_EQ(ui.messages[0].buttons, MsgButtons::YesNo);
+    EXPECT_EQ(ui.messages, (Messages{{"Employee is already scheduled for 04.00 hours today. Continue?",
+                                      MsgButtons::YesNo, MsgIcon::Question, "Double Shift Alert"}}));
 
     s().settings.gb_AlertDoubleShifts = false;
     EXPECT_TRUE(AlertDoubleShift(s(), kAnn, kDay, "Daily Schedule", d));
@@ -387,10 +358,8 @@ TEST_F(EntryRulesTest, TheOvertimeAlertsCompareTheWeekAndTheQuickAddsSum) {
     EXPECT_TRUE(ui.messages.empty());
     ui.answer(MsgAnswer::No);
     EXPECT_FALSE(AlertOvertimeWithSum(s(), kAnn, kDay, "Overtime Alert", 0, 1, w));
-    ASSERT_EQ(ui.messages.size(), 1u);
-    EXPECT_EQ(ui.messages[0].text, "Employee already scheduled for 40.00 hours this week. Continue?");
-    EXPECT_EQ(ui.messages[0].title, "Overtime Alert");
-    EXPECT_EQ(ui.messages[0].icon, MsgIcon::Exclamation);
+    EXPECT_EQ(ui.messages, (Messages{{"Employee already scheduled for 40.00 hours this week. Continue?",
+                                      MsgButtons::YesNo, MsgIcon::Exclamation, "Overtime Alert"}}));
 
     addEntry(at(4, 9), at(4, 10));  // 41.5 -> 42
     ui.clear();
@@ -441,13 +410,6 @@ TEST_F(EntryRulesTest, TheEditorWarnsAboutZeroLengthAndLongEntriesAtMidnight) {
         EXPECT_EQ(ui.messages[0].title, "Edit Schedule Entry");
         EXPECT_EQ(ui.messages[0].buttons, MsgButtons::YesNo);
     }
-}
-
-TEST_F(EntryRulesTest, TheSoundComesFromTheProgramFolder) {
-    s().programFolder = "/opt/tallymere";
-    PlayAppSound(s(), "tm_shck.wav");
-    ASSERT_EQ(ui.sounds.size(), 1u);
-    EXPECT_EQ(ui.sounds[0], "/opt/tallymere/tm_shck.wav");
 }
 
 }  // namespace

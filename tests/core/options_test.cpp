@@ -1,5 +1,6 @@
 #include "store/options.h"
 
+#include "support/table_rows.h"
 #include "support/test_database.h"
 
 #include <string>
@@ -21,11 +22,7 @@ protected:
     }
     // Every stored value of a key in row order, NULL as "<null>".
     Rows rows(const std::string& key) {
-        Rows out;
-        for (auto rs = store::GetRecs(s(), "select optionvalue from options where optionname = ?", {key}); !rs.eof();
-             rs.MoveNext())
-            out.push_back(rs["optionvalue"].isNull() ? "<null>" : rs["optionvalue"].text());
-        return out;
+        return column(s(), "select optionvalue from options where optionname = ?", {key});
     }
     common::GlobalSettings& g() { return s().settings; }
 };
@@ -139,23 +136,19 @@ TEST_F(OptionsTest, MissingRowsAreMadeWithTheirStartValues) {
     EXPECT_EQ(g().nrunsincebackup, 1);
 }
 
-TEST_F(OptionsTest, CustomNavigatorFormatIsTakenOnlyWhileInUse) {
-    addRow("tooldatecustomformat", "dd-MM-yy");
-    EXPECT_TRUE(store::getoptions(s()));
-    EXPECT_EQ(g().tooldatecustomformat, "MM/dd/yyyy");
-    store::SaveOption(s(), "tooldateformat", "3");
-    EXPECT_TRUE(store::getoptions(s()));
-    EXPECT_EQ(g().tooldatecustomformat, "dd-MM-yy");
-}
-
-TEST_F(OptionsTest, MainWindowPlaceIsReadFromItsRows) {
+TEST_F(OptionsTest, MainWindowPlaceIsReadAndTheCustomNavigatorFormatOnlyWhileInUse) {
     addRow("MainX", "120");
     addRow("mainheight", "");  // never saved
     addRow("mainstate", "2");
+    addRow("tooldatecustomformat", "dd-MM-yy");
     EXPECT_TRUE(store::getoptions(s()));
     EXPECT_EQ(g().mainx, 120);
     EXPECT_FALSE(g().mainheight.has_value());
     EXPECT_EQ(g().mainstate, 2);
+    EXPECT_EQ(g().tooldatecustomformat, "MM/dd/yyyy");
+    store::SaveOption(s(), "tooldateformat", "3");
+    EXPECT_TRUE(store::getoptions(s()));
+    EXPECT_EQ(g().tooldatecustomformat, "dd-MM-yy");
 }
 
 TEST_F(OptionsTest, ReportOptionsKeepTheComputedColumnWidthAndStopAtABadValue) {

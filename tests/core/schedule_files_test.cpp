@@ -1,6 +1,7 @@
 #include "reference/schedule_files.h"
 
 #include "schedule/undo.h"
+#include "support/table_rows.h"
 #include "support/test_database.h"
 
 #include <string>
@@ -39,12 +40,7 @@ protected:
         return static_cast<int>(
             store::GetRecs(s(), "select * from " + table + " where sname=?", {sname}).RecordCount());
     }
-    Texts files() {
-        Texts out;
-        for (auto rs = store::GetRecs(s(), "select schedname from schedname order by id"); !rs.eof(); rs.MoveNext())
-            out.push_back(rs["schedname"].text());
-        return out;
-    }
+    Texts files() { return column(s(), "select schedname from schedname order by id"); }
     static int indexOf(const reference::ScheduleFileList& w, const std::string& name) {
         for (std::size_t i = 0; i < w.List1.size(); ++i)
             if (w.List1[i].text.rfind(name, 0) == 0) return static_cast<int>(i);

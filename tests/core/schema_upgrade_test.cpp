@@ -27,20 +27,17 @@ protected:
     }
 };
 
-TEST_F(UpgradeTest, OnlyMissingDaynoteColumnsAreAdded) {
+TEST_F(UpgradeTest, MissingColumnsAreAddedKeepingTheRowsAndASecondRunIsSilent) {
     drop("daynote", "dailysales");
+    drop("desiredshift", "position");
+    drop("scheddefault", "daynum");
     InsertRecs(s(), "insert into daynote (sday, sname) values (?, ?)", {common::Date::fromYmd(2026, 1, 5), "Main"});
     store::UpgradeSchema(s());
-    EXPECT_TRUE(hasColumn("daynote", "dailysales"));
+    for (const auto& [table, column] : {std::pair{"daynote", "dailysales"}, std::pair{"desiredshift", "position"},
+                                        std::pair{"desiredshifttemp", "position"}, std::pair{"scheddefault", "daynum"}})
+        EXPECT_TRUE(hasColumn(table, column)) << table;
     EXPECT_EQ(GetRecs(s(), "select sname from daynote")["sname"].text(), "Main");
-    EXPECT_TRUE(ui.messages.empty());
-}
-
-TEST_F(UpgradeTest, DesiredShiftPositionIsAddedWhereMissingAndSilentWhereNot) {
-    drop("desiredshift", "position");
-    store::UpgradeSchema(s());
-    EXPECT_TRUE(hasColumn("desiredshift", "position"));
-    EXPECT_TRUE(hasColumn("desiredshifttemp", "position"));
+    EXPECT_EQ(GetRecs(s(), "select * from scheddefault").RecordCount(), 0u);  // an empty default schedule
     store::UpgradeSchema(s());
     EXPECT_TRUE(ui.messages.empty());
 }
@@ -68,13 +65,6 @@ TEST_F(UpgradeTest, DayNumbersCountFromTheFirstDayOfTheWeekOnce) {
     EXPECT_EQ(GetRecs(s(), "select daynum from scheddefault where sdayname = ?", {"Sunday"})["daynum"].toInt(), 7);
 }
 
-TEST_F(UpgradeTest, AnEmptyDefaultScheduleOnlyGainsTheColumn) {
-    drop("scheddefault", "daynum");
-    store::UpgradeSchema(s());
-    EXPECT_TRUE(hasColumn("scheddefault", "daynum"));
-    EXPECT_EQ(GetRecs(s(), "select * from scheddefault").RecordCount(), 0u);
-}
-
 class OvernightRepairTest : public DatabaseTest {
 protected:
     void addInvertedEntry() {
@@ -85,22 +75,16 @@ protected:
     DateTime storedEnd() { return *GetRecs(s(), "select endtime from sched")["endtime"].toDateTime(); }
 };
 
-TEST_F(OvernightRepairTest, EntriesOfFirstReleasesMoveTheirEndToTheNextDay) {
-    for (const char* version : {"", "1.4.2"}) {
+TEST_F(OvernightRepairTest, OnlyEntriesOfFirstReleasesMoveTheirEndToTheNextDay) {
+    const std::pair<const char*, int> cases[] = {{"", 2}, {"1.4.2", 2}, {"2.0.1", 1}};  // version, day of the end
+    for (const auto& [version, endDay] : cases) {
         store::DeleteRecs(s(), "delete from sched");
         store::DeleteRecs(s(), "delete from options where optionname = ?", {"gs_versionnumber"});
         if (*version) store::SaveOption(s(), "gs_versionnumber", version);
         addInvertedEntry();
         store::RepairOvernightEntries(s());
-        EXPECT_EQ(storedEnd(), DateTime::fromParts(2006, 3, 2, 6, 0)) << "version '" << version << "'";
+        EXPECT_EQ(storedEnd(), DateTime::fromParts(2006, 3, endDay, 6, 0)) << "version '" << version << "'";
     }
-}
-
-TEST_F(OvernightRepairTest, LaterReleasesLeaveEntriesAlone) {
-    store::SaveOption(s(), "gs_versionnumber", "2.0.1");
-    addInvertedEntry();
-    store::RepairOvernightEntries(s());
-    EXPECT_EQ(storedEnd(), DateTime::fromParts(2006, 3, 1, 6, 0));
 }
 
 }  // namespace

@@ -105,28 +105,23 @@ TEST(SqlDialectTranslate, SingleTableSelectsWithoutOrderGetKeyOrder) {
 }
 
 TEST(SqlDialectLike, JetPatterns) {
-    using store::jetLike;
-    EXPECT_TRUE(jetLike("mainform*", "MainFormTop"));
-    EXPECT_TRUE(jetLike("*", ""));
-    EXPECT_FALSE(jetLike("?", ""));
-    EXPECT_TRUE(jetLike("a*b*c", "aXXbYYbc"));
-    EXPECT_FALSE(jetLike("a*b*c", "aXXbYYbcd"));
-    EXPECT_TRUE(jetLike("key#", "key7"));
-    EXPECT_FALSE(jetLike("key#", "keyx"));
-    EXPECT_TRUE(jetLike("[a-c]x", "Bx"));
-    EXPECT_FALSE(jetLike("[!a-c]x", "bx"));
-    EXPECT_TRUE(jetLike("[!a-c]x", "dx"));
-    EXPECT_TRUE(jetLike("[*]*", "*star"));
-    EXPECT_FALSE(jetLike("[*]*", "star"));
-    // % and _ are plain characters; an unclosed bracket is one too.
-    EXPECT_TRUE(jetLike("gs_*", "gs_x"));
-    EXPECT_FALSE(jetLike("gs_*", "gsax"));
-    EXPECT_FALSE(jetLike("100%", "1000"));
-    EXPECT_TRUE(jetLike("a[b", "a[b"));
-    // One ? is one character, not one byte.
-    EXPECT_TRUE(jetLike("caf?", "caf\xC3\xA9"));
-    EXPECT_TRUE(jetLike("a\\*", "a*", U'\\'));
-    EXPECT_FALSE(jetLike("a\\*", "ab", U'\\'));
+    struct Case {
+        const char* pattern;
+        const char* text;
+        bool matches;
+    };
+    const Case cases[] = {
+        {"mainform*", "MainFormTop", true}, {"*", "", true},           {"?", "", false},
+        {"a*b*c", "aXXbYYbc", true},        {"a*b*c", "aXXbYYbcd", false}, {"key#", "key7", true},
+        {"key#", "keyx", false},            {"[a-c]x", "Bx", true},      {"[!a-c]x", "bx", false},
+        {"[!a-c]x", "dx", true},            {"[*]*", "*star", true},     {"[*]*", "star", false},
+        // % and _ are plain characters; an unclosed bracket is one too.
+        {"gs_*", "gs_x", true}, {"gs_*", "gsax", false}, {"100%", "1000", false}, {"a[b", "a[b", true},
+        {"caf?", "caf\xC3\xA9", true},  // one ? is one character, not one byte
+    };
+    for (const Case& c : cases) EXPECT_EQ(store::jetLike(c.pattern, c.text), c.matches) << c.pattern << " ~ " << c.text;
+    EXPECT_TRUE(store::jetLike("a\\*", "a*", U'\\'));
+    EXPECT_FALSE(store::jetLike("a\\*", "ab", U'\\'));
 }
 
 // ---- on the engine ------------------------------------------------------------------------------
@@ -217,9 +212,6 @@ TEST_F(SqlDialectDb, LikeTakesJetWildcardsLiteralOrBound) {
     EXPECT_EQ(GetRecs(s(), "select * from options where optionname like \"mainform???\"").RecordCount(), 1u);
     EXPECT_EQ(GetRecs(s(), "select * from options where optionname like ?", {"*form?"}).RecordCount(), 1u);
     EXPECT_EQ(GetRecs(s(), "select * from options where optionname not like ?", {"*form*"}).RecordCount(), 1u);
-    // SQLite's own wildcards mean nothing here.
-    EXPECT_EQ(GetRecs(s(), "select * from options where optionname like 'mainform%'").RecordCount(), 0u);
-    EXPECT_EQ(GetRecs(s(), "select * from options where optionname like 'gs_*'").RecordCount(), 1u);
     EXPECT_TRUE(scalar("select null like 'a*'").isNull());
 }
 
@@ -240,9 +232,6 @@ TEST_F(SqlDialectDb, ChkfldInsideSql) {
     EXPECT_EQ(scalar("select chkfld('  it''s ''x''  ')").toText(), "it''s ''x''");
     EXPECT_EQ(scalar("select chkfld(null)").toText(), "");
     EXPECT_EQ(scalar("select chkfld(8.5)").toText(), "8.5");
-    // The cut to 255 comes before the doubling.
-    EXPECT_EQ(scalar("select length(chkfld(replace(hex(zeroblob(150)), '0', '''')))").toLong(), 510);
-    EXPECT_EQ(scalar("select length(chkfld(' ' || replace(hex(zeroblob(150)), '0', 'x') || ' '))").toLong(), 255);
 }
 
 TEST_F(SqlDialectDb, FormatGivesSortableTimesAndDates) {

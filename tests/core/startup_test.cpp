@@ -4,6 +4,7 @@
 #include "store/options.h"
 #include "support/fake_main_form_host.h"
 #include "support/fake_platform.h"
+#include "support/table_rows.h"
 #include "support/test_database.h"
 
 #include <algorithm>
@@ -74,12 +75,7 @@ protected:
     }
     Rows options(const std::string& folder) {
         Direct d(folder);
-        Rows rows;
-        for (auto rs =
-                 store::GetRecs(d.s, "select optionname, optionvalue from options order by optionname, optionvalue");
-             !rs.eof(); rs.MoveNext())
-            rows.push_back(rs["optionname"].text() + "=" + rs["optionvalue"].text());
-        return rows;
+        return column(d.s, "select optionname || '=' || ifnull(optionvalue, '<null>') from options order by 1");
     }
     bool hasDatabase(const std::string& folder) { return fs::exists(folder + "/" + Session::kDatabaseFileName); }
     // Records the engine operations of the session's database.

@@ -7,6 +7,7 @@
 #include <deque>
 #include <functional>
 #include <map>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -21,7 +22,14 @@ struct ShownMessage {
     MsgButtons buttons;
     MsgIcon icon;
     std::string title;
+
+    bool operator==(const ShownMessage&) const = default;
+    friend void PrintTo(const ShownMessage& m, std::ostream* os) {
+        *os << "{\"" << m.text << "\", buttons " << static_cast<int>(m.buttons) << ", icon " << static_cast<int>(m.icon)
+            << ", \"" << m.title << "\"}";
+    }
 };
+using Messages = std::vector<ShownMessage>;
 
 class FakeUi : public common::Ui {
 public:

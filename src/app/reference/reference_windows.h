@@ -25,6 +25,10 @@ void newScheduleFile(AppContext& context, QWidget* parent = nullptr);
 void saveScheduleFileAs(AppContext& context, QWidget* parent = nullptr);
 void deleteScheduleFile(AppContext& context, QWidget* parent = nullptr);
 
+// The menu's delete works on the current employee; without one there is nothing to ask about, and
+// the list, where one can be chosen, opens instead.
+void deleteCurrentEmployee(AppContext& context);
+
 // After employees changed: the open employee list and leave calendar read again, and the
 // application is told.
 void employeesChanged(AppContext& context);

@@ -91,10 +91,6 @@ void deleteScheduleFile(AppContext& context, QWidget* parent) {
     window.exec();
 }
 
-namespace {
-
-// The menu's delete works on the current employee; without one there is nothing to ask about, and
-// the list, where one can be chosen, opens instead.
 void deleteCurrentEmployee(AppContext& context) {
     common::Session& s = context.session();
     reference::PersonListFrm list(s);
@@ -106,8 +102,6 @@ void deleteCurrentEmployee(AppContext& context) {
     }
     openPersonList(context);
 }
-
-}  // namespace
 
 void registerReferenceWindows(AppContext& context) {
     AppContext* c = &context;

@@ -60,6 +60,8 @@ public:
     virtual void employeesChanged() {}
     // Shifts, positions or sections changed: the quick bar's lists follow.
     virtual void referenceListsChanged() {}
+    // The main window's model changed the quick bar's fields (a quick add fills empty minutes).
+    virtual void quickBarChanged() {}
 };
 
 // What the main window asks of a child window of the MDI area. A child that implements it (beside
@@ -76,10 +78,14 @@ public:
     virtual void UpDailyGridUpEmpl() {}
     // The quick bar's times changed with its shift list: the daily schedule marks its employees again.
     virtual void quickBarTimesChanged() {}
+    // The window became the active child, or another one did.
+    virtual void activated() {}
+    virtual void deactivated() {}
 };
 
 // Each subsystem's views register their commands, child windows and modal windows here.
 void registerMaintenanceWindows(AppContext& context);
 void registerReferenceWindows(AppContext& context);
+void registerScheduleWindows(AppContext& context);
 
 }  // namespace tallymere::app

@@ -177,11 +177,15 @@ void MainWindow::childActivated(QMdiSubWindow* window) {
     QMdiSubWindow* current = window ? window : mdiArea_->currentSubWindow();
     if (current && !current->widget()) current = nullptr;
     if (current && current == activeChild_) return;
+    if (activeChild_)
+        if (auto* before = dynamic_cast<ChildWindow*>(activeChild_->widget())) before->deactivated();
     activeChild_ = current;
     if (current)
         form_->MenuSetupFormActivation(current->widget()->objectName().toStdString());
     else
         form_->MenuSetupFormDeactivation();
+    if (current)
+        if (auto* now = dynamic_cast<ChildWindow*>(current->widget())) now->activated();
 }
 
 void MainWindow::refreshActiveChild() {
@@ -205,6 +209,8 @@ void MainWindow::scheduleChanged() {
 }
 
 void MainWindow::employeesChanged() { UpDailyGridUpEmpl(); }
+
+void MainWindow::quickBarChanged() { quickBar_->refresh(); }
 
 void MainWindow::referenceListsChanged() {
     // The lists are read again; what the user has chosen and typed in the bar stays while it can.

@@ -70,6 +70,7 @@ public:
     void scheduleChanged() override;
     void employeesChanged() override;
     void referenceListsChanged() override;
+    void quickBarChanged() override;
 
     // --- MainFormHost
     void showSplash(bool shown) override;

@@ -164,8 +164,13 @@ void dailyadd::shiftcombo_Click() {
 
 bool dailyadd::timesChanged() const {
     for (std::size_t i = 0; i < 2; ++i) {
-        const TimeEntry& now = times[i];
-        const TimeEntry& then = loadedTimes_[i];
+        // Leaving the hour field writes "9" as "09": the same time, not an edit, or a note-only edit
+        // of an entry that sits on a conflict would be checked as new times. The minutes stay
+        // compared as typed, since a lone digit there means tens.
+        TimeEntry now = times[i];
+        TimeEntry then = loadedTimes_[i];
+        now.leave(reference::TimeField::Hour);
+        then.leave(reference::TimeField::Hour);
         if (now.TETxtHr != then.TETxtHr || now.TeTxtMin != then.TeTxtMin || now.TEAmPm != then.TEAmPm) return true;
     }
     return false;

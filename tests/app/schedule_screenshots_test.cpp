@@ -1,0 +1,158 @@
+// Pictures of the schedule windows on a busy day of a small restaurant, for a person to look at.
+// Runs only when TALLYMERE_SHOTS names a folder: TALLYMERE_SHOTS=/tmp/shots tallymere_app_tests
+// --gtest_filter='ScheduleScreenshots*'
+
+#include "app/common/qt_ui.h"
+#include "app/schedule/daily_entry_dialog.h"
+#include "app/schedule/daily_schedule_window.h"
+#include "app/shell/main_window.h"
+#include "app_test.h"
+#include "reference/position_windows.h"
+#include "store/access.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QTimer>
+#include <QTreeWidget>
+
+namespace tallymere::testing {
+namespace {
+
+using common::Date;
+using common::DateTime;
+
+const Date kDay = Date::fromYmd(2026, 11, 27);  // a Friday
+
+class ScheduleScreenshots : public AppDatabaseTest {
+protected:
+    void SetUp() override {
+        folder_ = qEnvironmentVariable("TALLYMERE_SHOTS");
+        if (folder_.isEmpty()) GTEST_SKIP() << "TALLYMERE_SHOTS is not set";
+        QDir().mkpath(folder_);
+        AppDatabaseTest::SetUp();
+        fill();
+        window = std::make_unique<app::MainWindow>(s(), qtUi);
+        app::registerReferenceWindows(*window);
+        app::registerScheduleWindows(*window);
+        window->mainForm().SetupQuickBar();
+        window->mainForm().mnuQuickBar_Click();
+        window->resize(1280, 800);
+        window->show();
+        window->activeDateChanged();
+        window->captionChanged();
+        window->runCommand("mnudailyschedule");
+        daily = dynamic_cast<app::DailyScheduleWindow*>(window->findChild(QStringLiteral("dailyflexgrid")));
+        ASSERT_NE(daily, nullptr);
+        daily->parentWidget()->showMaximized();
+        QApplication::processEvents();
+    }
+
+    long person(const char* last, const char* first, const char* position) {
+        store::InsertRecs(s(),
+                          "insert into person (lname,fname,primpos,active,hourlyrate,hoursperweek) "
+                          "values(?,?,?,true,'12.50','32')",
+                          {last, first, position});
+        return static_cast<long>(
+            store::GetRecs(s(), "select * from person where lname=? and fname=?", {last, first})["personid"].toLong());
+    }
+
+    void entry(long personid, const char* position, int from, int to, const char* shift, const char* section,
+               const char* note = "") {
+        const auto p = store::GetRecs(s(), "select * from person where personid=?", {personid});
+        const std::string lname = personid < 0 ? "**Unassigned**" : p["lname"].text();
+        const std::string fname = personid < 0 ? "" : p["fname"].text();
+        const DateTime start = DateTime::at(kDay, from, 0);
+        const DateTime end = to <= from ? DateTime::at(kDay.addDays(1), to, 0) : DateTime::at(kDay, to, 0);
+        store::InsertRecs(s(),
+                          "insert into sched (personid,lname,fname,sday,strttime,endtime,position,shift,section,sname,"
+                          "comment) values(?,?,?,?,?,?,?,?,?,?,?)",
+                          {personid, lname, fname, kDay, start, end, position, shift, section, "Autumn 2026", note});
+    }
+
+    void fill() {
+        s().activeDate = kDay;
+        s().currentSchedule = "Autumn 2026";
+        s().settings.dailyschedsort = "starttime";
+        s().settings.gb_ShowLaborCostsOnDailyForm = true;
+        s().settings.gb_ShowTotalHoursOnDailyForm = true;
+        store::InsertRecs(s(), "insert into schedname (schedname,comment) values(?,?)", {"Autumn 2026", ""});
+        const struct {
+            const char* title;
+            long color;
+        } positions[] = {{"Cashier", reference::rgbColor(180, 210, 250)},
+                         {"Cook", reference::rgbColor(250, 190, 160)},
+                         {"Manager", reference::rgbColor(60, 70, 140)},
+                         {"Server", reference::rgbColor(200, 240, 190)}};
+        for (const auto& p : positions)
+            store::InsertRecs(s(), "insert into position (title,description,baserate,color) values(?,?,?,?)",
+                              {p.title, "", "$12.00", p.color});
+        for (const char* section : {"Dining Room", "Drive-thru", "Kitchen"})
+            store::InsertRecs(s(), "insert into section (name,description) values(?,?)", {section, ""});
+        for (const auto& [name, from, to] :
+             {std::tuple{"Early", 6, 14}, std::tuple{"Day", 9, 17}, std::tuple{"Late", 14, 22}, std::tuple{"Night", 22, 6}}) {
+            const auto start = DateTime::fromParts(2006, 1, 1, from);
+            const auto end = to <= from ? DateTime::fromParts(2006, 1, 2, to) : DateTime::fromParts(2006, 1, 1, to);
+            store::InsertRecs(s(), "insert into shift (name,strttime,endtime,description) values(?,?,?,?)",
+                              {name, start, end, ""});
+        }
+        const long maria = person("Alvarez", "Maria", "Cook");
+        const long daniel = person("Brooks", "Daniel", "Cashier");
+        const long lily = person("Chen", "Lily", "Server");
+        const long omar = person("Diaz", "Omar", "Cook");
+        const long grace = person("Evans", "Grace", "Manager");
+        const long tom = person("Fischer", "Tom", "Server");
+        const long priya = person("Gupta", "Priya", "Cashier");
+        const long sean = person("Hughes", "Sean", "Server");
+        person("Ito", "Ken", "Cook");
+        const long ana = person("Jensen", "Ana", "Server");
+        person("Kowalski", "Piotr", "Cashier");
+        entry(maria, "Cook", 6, 14, "Early", "Kitchen", "Opens the kitchen");
+        entry(daniel, "Cashier", 6, 14, "Early", "Drive-thru");
+        entry(grace, "Manager", 9, 17, "Day", "Dining Room");
+        entry(lily, "Server", 9, 17, "Day", "Dining Room");
+        entry(omar, "Cook", 14, 22, "Late", "Kitchen");
+        entry(tom, "Server", 14, 22, "Late", "Dining Room", "Banquet at 7");
+        entry(priya, "Cashier", 14, 22, "Late", "Drive-thru");
+        entry(sean, "Server", 17, 23, "", "Dining Room");
+        entry(-1, "Cook", 22, 6, "Night", "Kitchen", "Still open");
+        entry(daniel, "Cashier", 22, 2, "Night", "Drive-thru");
+        // Ana is on leave; Ken cannot work the quick bar's morning hours.
+        store::InsertRecs(s(), "insert into employeeleave (personid,fullname,typeofleave,sday) values(?,?,?,?)",
+                          {ana, "Jensen, Ana", "Vacation", kDay});
+        const long ken = static_cast<long>(store::GetRecs(s(), "select * from person where lname='Ito'")["personid"].toLong());
+        store::InsertRecs(s(), "insert into availability (personid,lname,fname,sday,houravail) values(?,?,?,?,?)",
+                          {ken, "Ito", "Ken", "Friday", std::string(12, 'N') + std::string(12, 'Y')});
+    }
+
+    void save(QWidget* w, const char* name) {
+        QApplication::processEvents();
+        EXPECT_TRUE(w->grab().save(folder_ + QLatin1Char('/') + QLatin1String(name) + QStringLiteral(".png")));
+    }
+
+    QString folder_;
+    app::QtUi qtUi;
+    std::unique_ptr<app::MainWindow> window;
+    app::DailyScheduleWindow* daily = nullptr;
+};
+
+TEST_F(ScheduleScreenshots, BusyDayWeekAndEditor) {
+    auto* list = daily->findChild<QTreeWidget*>(QStringLiteral("lstlist"));
+    list->setCurrentItem(list->topLevelItem(1));
+    save(window.get(), "daily-busy-day");
+
+    daily->setWeekView(true);
+    save(window.get(), "daily-week");
+    daily->setWeekView(false);
+
+    const long schedid = static_cast<long>(
+        store::GetRecs(s(), "select schedid from sched where lname='Fischer'")["schedid"].toLong());
+    app::DailyAddDialog editor(s(), schedid, window.get());
+    ASSERT_TRUE(editor.loaded());
+    editor.show();
+    save(&editor, "dailyadd");
+}
+
+}  // namespace
+}  // namespace tallymere::testing

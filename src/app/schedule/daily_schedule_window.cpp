@@ -147,7 +147,8 @@ DailyScheduleWindow::DailyScheduleWindow(AppContext& context, QWidget* parent)
 
     applyGridFont();
     setTabOrder(grid1_, lstlist_);
-    display();
+    // Filled at once: at a start without an open schedule file nobody else asks for it.
+    updailyflexform();
 }
 
 DailyScheduleWindow::~DailyScheduleWindow() = default;
@@ -184,7 +185,8 @@ void DailyScheduleWindow::buildEmployeeList() {
     lstlist_->setColumnCount(2);
     lstlist_->setSelectionMode(QAbstractItemView::SingleSelection);
     lstlist_->header()->setSectionsClickable(true);
-    lstlist_->header()->setStretchLastSection(true);
+    lstlist_->header()->setStretchLastSection(false);
+    lstlist_->header()->setSectionResizeMode(QHeaderView::Stretch);
     lstlist_->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(lstlist_, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* item) {
         if (showing_ || !item) return;
@@ -344,7 +346,6 @@ void DailyScheduleWindow::showEmployeeList() {
         item->setData(0, Qt::UserRole, QVariant::fromValue<qlonglong>(row.personid));
     }
     if (list.selected >= 0 && list.selected < count) lstlist_->setCurrentItem(lstlist_->topLevelItem(list.selected));
-    if (lstlist_->columnWidth(0) < 150) lstlist_->setColumnWidth(0, 170);
 }
 
 void DailyScheduleWindow::showPanel() {

@@ -19,14 +19,8 @@ DailyScheduleWindow* dailyWindow(AppContext& context) {
 
 // The daily schedule, opened when it is not (it normally always is).
 DailyScheduleWindow* openDailyWindow(AppContext& context) {
-    bool made = false;
-    QWidget* w = context.openChild(kDailyWindow, [&context, &made] {
-        made = true;
-        return new DailyScheduleWindow(context);
-    });
-    auto* daily = dynamic_cast<DailyScheduleWindow*>(w);
-    if (daily && made) daily->updailyflexform();
-    return daily;
+    return dynamic_cast<DailyScheduleWindow*>(
+        context.openChild(kDailyWindow, [&context] { return new DailyScheduleWindow(context); }));
 }
 
 // A command of the daily schedule's: runs on the window, opened first if need be.

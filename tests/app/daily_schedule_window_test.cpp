@@ -6,6 +6,7 @@
 
 #include <QComboBox>
 #include <QDropEvent>
+#include <QHeaderView>
 #include <QMimeData>
 #include <QTableWidget>
 #include <QTest>
@@ -169,6 +170,25 @@ TEST_F(DailyScheduleWindowTest, CopyAndPasteByKeysCarryAnOvernightEntryToAnother
     EXPECT_EQ(pasted["endtime"].toDateTime(), DateTime::at(kDay.addDays(2), 2, 0));
     EXPECT_TRUE(context->mainForm().menu("mnuEditUndo").visible);
     EXPECT_EQ(context->mainForm().menu("mnuEditUndo").caption, "Undo Paste");
+}
+
+TEST_F(DailyScheduleWindowTest, AHeaderClickOrTheListsPopUpChangesTheEmployeeOrder) {
+    for (const char* name : {"Adams", "Zed"})
+        ASSERT_TRUE(store::InsertRecs(s(), "insert into person (lname,fname,primpos,active) values(?,'A',?,1)",
+                                      {name, std::string(name) == "Adams" ? "Waiter" : "Baker"}));
+    window->UpDailyGridUpEmpl();
+    const auto firstName = [this] { return list->topLevelItem(1)->text(0); };
+    EXPECT_EQ(firstName(), QStringLiteral("Adams, A"));
+
+    // The position header: positions first and sorted, **Unassigned** still on top.
+    list->header()->sectionClicked(1);
+    EXPECT_EQ(list->headerItem()->text(0), QStringLiteral("Position"));
+    EXPECT_EQ(list->topLevelItem(0)->text(1), QStringLiteral("**Unassigned**"));
+    EXPECT_EQ(list->topLevelItem(1)->text(0), QStringLiteral("Baker"));
+
+    window->switchEmployeeOrder();
+    EXPECT_EQ(list->headerItem()->text(0), QStringLiteral("Name"));
+    EXPECT_EQ(firstName(), QStringLiteral("Adams, A"));
 }
 
 TEST_F(DailyScheduleWindowTest, TheWeekViewShowsTheWeekGridWithItsFilter) {

@@ -429,6 +429,10 @@ void DailyScheduleWindow::showEvent(QShowEvent* event) {
     if (place.state == 2) sub->showMaximized();
 }
 
+void DailyScheduleWindow::switchEmployeeOrder() {
+    runAndShow([this] { model_.lstlist_ColumnClick(model_.lstlist.positionFirst() ? 1 : 2); });
+}
+
 void DailyScheduleWindow::fitNoteColumn() {
     // The Note column takes what the grid's width leaves.
     model_.grid1_Resize(grid1_->viewport()->width() * kTwipsPerPixel);

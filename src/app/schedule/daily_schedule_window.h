@@ -54,6 +54,8 @@ public:
     void paste() { runAndShow([this] { model_.mnudailygridrightclickpaste_Click(); }); }
     void selectAll() { runAndShow([this] { model_.mnudailygridrightclickselectall_Click(); }); }
     void setWeekView(bool on);
+    // The employee list's other order: by position with the position first, or by name.
+    void switchEmployeeOrder();
 
     // A drop of lstlist's drag on grid1: where a real drag ends. False when the data is not an
     // employee of this list or the add was refused.

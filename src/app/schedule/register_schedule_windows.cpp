@@ -63,6 +63,7 @@ void registerScheduleWindows(AppContext& context) {
     });
 
     // The employee list's pop-up: the employee picked in the list is the session's current one.
+    onDaily(context, "mnuemployeeposition", &DailyScheduleWindow::switchEmployeeOrder);
     c->registerCommand("mnudailygridlistviewaddnewemployee", [c] { openEditStaffNew(*c); });
     c->registerCommand("mnudailygridlistviewedit", [c] { openEditStaff(*c); });
     c->registerCommand("mnudailygridlistviewdeleteemployee", [c] { deleteCurrentEmployee(*c); });

@@ -1,11 +1,10 @@
 #include "app/reference/add_staff_window.h"
 
+#include "app/reference/model_dialog.h"
+
 #include <QComboBox>
-#include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QLineEdit>
-#include <QPushButton>
-#include <QVBoxLayout>
 
 namespace tallymere::app {
 
@@ -26,20 +25,7 @@ AddStaffWindow::AddStaffWindow(common::Session& s, QWidget* parent) : QDialog(pa
     form->addRow(makeLabel(this, tr("&Last Name:"), lname), lname);
     form->addRow(makeLabel(this, tr("&Position:"), position), position);
 
-    auto* buttons = new QDialogButtonBox(this);
-    auto* ok = buttons->addButton(tr("OK"), QDialogButtonBox::AcceptRole);
-    ok->setObjectName(QStringLiteral("OKButton"));
-    ok->setDefault(true);
-    auto* cancel = buttons->addButton(tr("Cancel"), QDialogButtonBox::RejectRole);
-    cancel->setObjectName(QStringLiteral("CancelButton"));
-    connect(ok, &QPushButton::clicked, this, [this] {
-        if (model_.OKButton()) accept();
-    });
-    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-
-    auto* layout = new QVBoxLayout(this);
-    layout->addLayout(form);
-    layout->addWidget(buttons);
+    formOverOkCancel(this, form, "OKButton", "CancelButton", [this] { return model_.OKButton(); });
 
     binder_.line(fname, model_.fname);
     binder_.line(lname, model_.LName);

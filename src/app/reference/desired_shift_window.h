@@ -8,8 +8,6 @@
 #include <QDialog>
 #include <memory>
 
-class QSlider;
-
 namespace tallymere::app {
 
 class DesiredShiftWindow : public QDialog {
@@ -20,11 +18,8 @@ public:
     reference::adddesiredshift& model() { return *model_; }
 
 private:
-    void display();
-
     std::unique_ptr<reference::adddesiredshift> model_;
     Binder binder_;
-    QSlider* slider_;
     ViewGuard guard_{this};
 };
 

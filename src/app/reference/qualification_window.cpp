@@ -1,66 +1,39 @@
 #include "app/reference/qualification_window.h"
 
+#include "app/reference/model_dialog.h"
+
 #include <QComboBox>
-#include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QGridLayout>
-#include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
-#include <QSignalBlocker>
 #include <QSlider>
-#include <QVBoxLayout>
 
 namespace tallymere::app {
 
-namespace {
-constexpr const char* kScale = "Least                       Most";
-}
-
 QualificationWindow::QualificationWindow(std::unique_ptr<reference::addqualifications> model, QWidget* parent)
-    : QDialog(parent), model_(std::move(model)), slider_(new QSlider(Qt::Horizontal, this)) {
+    : QDialog(parent), model_(std::move(model)) {
     const bool staging = dynamic_cast<reference::addqualificationstemp*>(model_.get()) != nullptr;
     setObjectName(staging ? QStringLiteral("addqualificationstemp") : QStringLiteral("addqualifications"));
     setWindowTitle(qs(reference::addqualifications::kCaption));
 
+    auto* slider = new QSlider(Qt::Horizontal, this);
+    slider->setObjectName(QStringLiteral("skillslider"));
     auto* positioncombo = new QComboBox(this);
     positioncombo->setObjectName(QStringLiteral("positioncombo"));
     positioncombo->setMinimumWidth(200);
     auto* hourlyrate = new QLineEdit(this);
     hourlyrate->setObjectName(QStringLiteral("hourlyrate"));
     hourlyrate->setMaximumWidth(120);
-
     auto* skill = new QLineEdit(this);
     skill->setObjectName(QStringLiteral("skill"));
-    skill->setMaxLength(2);
-    skill->setFixedWidth(skill->fontMetrics().horizontalAdvance(QStringLiteral("000")) + 12);
-    slider_->setObjectName(QStringLiteral("skillslider"));
-    slider_->setRange(reference::addqualifications::kSkillMin, reference::addqualifications::kSkillMax);
-    slider_->setTickPosition(QSlider::TicksBelow);
-    slider_->setPageStep(1);
-    auto* scale = new QLabel(QString::fromUtf8(kScale), this);
-    scale->setObjectName(QStringLiteral("skillscale"));
-    slider_->setMinimumWidth(scale->sizeHint().width());
-    auto* level = new QGridLayout;
-    level->addWidget(skill, 0, 0);
-    level->addWidget(slider_, 0, 1);
-    level->addWidget(scale, 1, 1);
 
     auto* form = new QFormLayout;
     form->addRow(makeLabel(this, tr("&Position:"), positioncombo), positioncombo);
     form->addRow(makeLabel(this, tr("&Hourly Rate:"), hourlyrate), hourlyrate);
-    form->addRow(makeLabel(this, tr("Skill Level"), skill), level);
-
-    auto* buttons = new QDialogButtonBox(this);
-    auto* ok = buttons->addButton(tr("OK"), QDialogButtonBox::AcceptRole);
-    ok->setObjectName(QStringLiteral("OKbutton"));
-    ok->setDefault(true);
-    auto* cancel = buttons->addButton(tr("Cancel"), QDialogButtonBox::RejectRole);
-    cancel->setObjectName(QStringLiteral("cancelbutton"));
-
-    auto* layout = new QVBoxLayout(this);
-    layout->addLayout(form);
-    layout->addWidget(buttons);
+    form->addRow(makeLabel(this, tr("Skill Level"), skill),
+                 levelRow(skill, slider, reference::addqualifications::kSkillMin,
+                          reference::addqualifications::kSkillMax, "skillscale"));
+    formOverOkCancel(this, form, "OKbutton", "cancelbutton", [this] { return model_->OKbutton(); });
 
     binder_.combo(positioncombo, model_->positioncombo);
     binder_.line(hourlyrate, model_->hourlyrate);
@@ -69,28 +42,17 @@ QualificationWindow::QualificationWindow(std::unique_ptr<reference::addqualifica
     });
     onFocusOut(hourlyrate, [this] {
         model_->hourlyrateLostFocus();
-        display();
+        binder_.show();
     });
     binder_.line(skill, model_->skill, [this] {
         model_->skillChange();
-        display();
+        binder_.show();
     });
-    binder_.custom([this] {
-        const QSignalBlocker quiet(slider_);
-        slider_->setValue(model_->skillslider);
-    });
-    connect(slider_, &QSlider::valueChanged, this, [this](int v) {
-        model_->skillslider = v;
+    binder_.slider(slider, model_->skillslider, [this] {
         model_->skillsliderChange();
-        display();
+        binder_.show();
     });
-    connect(ok, &QPushButton::clicked, this, [this] {
-        if (model_->OKbutton()) accept();
-    });
-    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-    display();
+    binder_.show();
 }
-
-void QualificationWindow::display() { binder_.show(); }
 
 }  // namespace tallymere::app

@@ -8,8 +8,6 @@
 #include <QDialog>
 #include <memory>
 
-class QSlider;
-
 namespace tallymere::app {
 
 class QualificationWindow : public QDialog {
@@ -20,11 +18,8 @@ public:
     reference::addqualifications& model() { return *model_; }
 
 private:
-    void display();
-
     std::unique_ptr<reference::addqualifications> model_;
     Binder binder_;
-    QSlider* slider_;
     ViewGuard guard_{this};
 };
 

@@ -26,27 +26,47 @@ QVBoxLayout* buttonColumn(std::initializer_list<QPushButton*> buttons) {
     return column;
 }
 
-QFormLayout* nameForm(QWidget* parent, Binder& binder, std::string& name, std::string& description) {
-    auto* schedname = new QLineEdit(parent);
+// A name and a description over OK and Cancel, as `opennew` and `SaveAs` both have them. OK tells
+// the application when the model changed the current schedule file.
+template <class Model>
+void nameDialog(QDialog* dialog, AppContext& context, Binder& binder, Model& model, const char* okName,
+                std::function<bool()> okClick) {
+    auto* ok = makeButton(dialog, okName, QDialog::tr("OK"));
+    ok->setDefault(true);
+    auto* cancel = makeButton(dialog, "Command2", QDialog::tr("Cancel"));
+    QObject::connect(ok, &QPushButton::clicked, dialog, [dialog, &context, &model, okClick = std::move(okClick)] {
+        const bool closes = okClick();
+        tell(context, model.scheduleChanged);
+        if (closes) dialog->accept();
+    });
+    QObject::connect(cancel, &QPushButton::clicked, dialog, [dialog, &model] {
+        if (model.Command2_Click()) dialog->reject();
+    });
+
+    auto* schedname = new QLineEdit(dialog);
     schedname->setObjectName(QStringLiteral("schedname"));
     schedname->setMinimumWidth(280);
-    auto* desc = new QLineEdit(parent);
+    auto* desc = new QLineEdit(dialog);
     desc->setObjectName(QStringLiteral("description"));
-    binder.line(schedname, name);
-    binder.line(desc, description);
+    binder.line(schedname, model.schedname);
+    binder.line(desc, model.description);
     auto* form = new QFormLayout;
-    form->addRow(makeLabel(parent, QObject::tr("&Name:"), schedname), schedname);
-    form->addRow(makeLabel(parent, QObject::tr("&Description:"), desc), desc);
-    return form;
-}
+    form->addRow(makeLabel(dialog, QObject::tr("&Name:"), schedname), schedname);
+    form->addRow(makeLabel(dialog, QObject::tr("&Description:"), desc), desc);
 
-QHBoxLayout* okCancel(QPushButton* ok, QPushButton* cancel) {
-    ok->setDefault(true);
-    auto* row = new QHBoxLayout;
-    row->addStretch();
-    row->addWidget(ok);
-    row->addWidget(cancel);
-    return row;
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(ok);
+    buttons->addWidget(cancel);
+    auto* layout = new QVBoxLayout(dialog);
+    layout->addLayout(form);
+    layout->addLayout(buttons);
+    // The fields first: the buttons were made before them.
+    QWidget::setTabOrder(schedname, desc);
+    QWidget::setTabOrder(desc, ok);
+    QWidget::setTabOrder(ok, cancel);
+    schedname->setFocus();
+    binder.show();
 }
 
 }  // namespace
@@ -114,20 +134,7 @@ ScheduleNameWindow::ScheduleNameWindow(AppContext& context, std::optional<long> 
       model_(id ? reference::opennew(context.session(), *id) : reference::opennew(context.session())) {
     setObjectName(QStringLiteral("opennew"));
     setWindowTitle(qs(model_.Caption));
-    auto* ok = makeButton(this, "Command1", tr("OK"));
-    auto* cancel = makeButton(this, "Command2", tr("Cancel"));
-    connect(ok, &QPushButton::clicked, this, [this] {
-        const bool closes = model_.Command1_Click();
-        tell(context_, model_.scheduleChanged);
-        if (closes) accept();
-    });
-    connect(cancel, &QPushButton::clicked, this, [this] {
-        if (model_.Command2_Click()) reject();
-    });
-    auto* layout = new QVBoxLayout(this);
-    layout->addLayout(nameForm(this, binder_, model_.schedname, model_.description));
-    layout->addLayout(okCancel(ok, cancel));
-    binder_.show();
+    nameDialog(this, context_, binder_, model_, "Command1", [this] { return model_.Command1_Click(); });
 }
 
 // ------------------------------------------------------------------------------------------------ SaveAs
@@ -136,20 +143,7 @@ SaveAsWindow::SaveAsWindow(AppContext& context, QWidget* parent)
     : QDialog(parent), context_(context), model_(context.session()) {
     setObjectName(QStringLiteral("SaveAs"));
     setWindowTitle(qs(reference::SaveAs::kCaption));
-    auto* ok = makeButton(this, "OKButton", tr("OK"));
-    auto* cancel = makeButton(this, "Command2", tr("Cancel"));
-    connect(ok, &QPushButton::clicked, this, [this] {
-        const bool closes = model_.OKButton_Click();
-        tell(context_, model_.scheduleChanged);
-        if (closes) accept();
-    });
-    connect(cancel, &QPushButton::clicked, this, [this] {
-        if (model_.Command2_Click()) reject();
-    });
-    auto* layout = new QVBoxLayout(this);
-    layout->addLayout(nameForm(this, binder_, model_.schedname, model_.description));
-    layout->addLayout(okCancel(ok, cancel));
-    binder_.show();
+    nameDialog(this, context_, binder_, model_, "OKButton", [this] { return model_.OKButton_Click(); });
 }
 
 // ------------------------------------------------------------------------------------------------ deletesched

@@ -2,87 +2,59 @@
 
 #include "app/common/time_entry_widget.h"
 
-#include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QLineEdit>
-#include <QPushButton>
-#include <QVBoxLayout>
 
 namespace tallymere::app {
 
-template <class Model>
-template <class... Args>
-ShiftWindow<Model>::ShiftWindow(QWidget* parent, const char* windowName, const QString& caption, Args&&... modelArgs)
-    : QDialog(parent),
-      model_(std::forward<Args>(modelArgs)...),
-      start_(new TimeEntryWidget(this)),
-      end_(new TimeEntryWidget(this)) {
-    setObjectName(QString::fromUtf8(windowName));
-    setWindowTitle(caption);
+namespace {
 
-    auto* name = new QLineEdit(this);
+template <class Model>
+QFormLayout* shiftForm(QDialog* dialog, Binder& binder, Model& model) {
+    auto* name = new QLineEdit(dialog);
     name->setObjectName(QStringLiteral("name"));
     name->setMaxLength(255);
-    auto* description = new QLineEdit(this);
+    auto* description = new QLineEdit(dialog);
     description->setObjectName(QStringLiteral("description"));
     description->setMinimumWidth(260);
+
+    // Made after the name, so that Tab follows the form from the top.
     // The two times repeat the control names of the time fields; `index` tells them apart as the
     // quick bar's do: 1 the start, 0 the end.
-    start_->setObjectName(QStringLiteral("startTime"));
-    start_->setProperty("index", 1);
-    end_->setObjectName(QStringLiteral("endTime"));
-    end_->setProperty("index", 0);
+    auto* start = new TimeEntryWidget(dialog);
+    start->setObjectName(QStringLiteral("startTime"));
+    start->setProperty("index", 1);
+    auto* end = new TimeEntryWidget(dialog);
+    end->setObjectName(QStringLiteral("endTime"));
+    end->setProperty("index", 0);
 
     auto* form = new QFormLayout;
-    form->addRow(makeLabel(this, tr("&Name:"), name), name);
-    form->addRow(makeLabel(this, tr("&Description:"), description), description);
-    form->addRow(makeLabel(this, tr("&Start Time:"), start_->hourField()), start_);
-    form->addRow(makeLabel(this, tr("&End Time:"), end_->hourField()), end_);
+    form->addRow(makeLabel(dialog, QDialog::tr("&Name:"), name), name);
+    form->addRow(makeLabel(dialog, QDialog::tr("&Description:"), description), description);
+    form->addRow(makeLabel(dialog, QDialog::tr("&Start Time:"), start->hourField()), start);
+    form->addRow(makeLabel(dialog, QDialog::tr("&End Time:"), end->hourField()), end);
 
-    auto* buttons = new QDialogButtonBox(this);
-    auto* okButton = buttons->addButton(tr("OK"), QDialogButtonBox::AcceptRole);
-    okButton->setObjectName(QStringLiteral("OKButton"));
-    okButton->setDefault(true);
-    auto* cancelButton = buttons->addButton(tr("Cancel"), QDialogButtonBox::RejectRole);
-    cancelButton->setObjectName(QStringLiteral("CancelButton"));
-    connect(okButton, &QPushButton::clicked, this, [this] { ok(); });
-    connect(cancelButton, &QPushButton::clicked, this, [this] {
-        if (model_.cancel()) reject();
+    binder.line(name, model.name);
+    binder.line(description, model.description);
+    QObject::connect(start, &TimeEntryWidget::edited, dialog, [start, &model] { model.startTime = start->entry(); });
+    QObject::connect(end, &TimeEntryWidget::edited, dialog, [end, &model] { model.endTime = end->entry(); });
+    binder.custom([start, end, &model] {
+        start->setEntry(model.startTime);
+        end->setEntry(model.endTime);
     });
-
-    auto* layout = new QVBoxLayout(this);
-    layout->addLayout(form);
-    layout->addWidget(buttons);
-
-    binder_.line(name, model_.name);
-    binder_.line(description, model_.description);
-    connect(start_, &TimeEntryWidget::edited, this, [this] { model_.startTime = start_->entry(); });
-    connect(end_, &TimeEntryWidget::edited, this, [this] { model_.endTime = end_->entry(); });
-    display();
+    return form;
 }
 
-template <class Model>
-void ShiftWindow<Model>::display() {
-    binder_.show();
-    start_->setEntry(model_.startTime);
-    end_->setEntry(model_.endTime);
-}
-
-template <class Model>
-void ShiftWindow<Model>::ok() {
-    const bool closes = model_.ok();
-    // The checks pad the minutes; a refused entry stays as the model left it.
-    display();
-    if (closes) accept();
-}
+}  // namespace
 
 ShiftAddWindow::ShiftAddWindow(common::Session& s, QWidget* parent)
-    : ShiftWindow(parent, "shiftadd", tr("Add New Shift"), s) {}
+    : ModelDialog(parent, "shiftadd", tr("Add New Shift"), s) {
+    finish(shiftForm(this, binder_, model_));
+}
 
 EditShiftWindow::EditShiftWindow(common::Session& s, const std::string& shiftName, QWidget* parent)
-    : ShiftWindow(parent, "EditShift", tr("Edit Shift"), s, shiftName) {}
-
-template class ShiftWindow<reference::shiftadd>;
-template class ShiftWindow<reference::EditShift>;
+    : ModelDialog(parent, "EditShift", tr("Edit Shift"), s, shiftName) {
+    finish(shiftForm(this, binder_, model_));
+}
 
 }  // namespace tallymere::app

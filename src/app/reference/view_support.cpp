@@ -4,6 +4,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QEvent>
+#include <QGridLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
@@ -11,6 +12,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalBlocker>
+#include <QSlider>
 #include <QTableWidget>
 #include <algorithm>
 
@@ -77,6 +79,17 @@ void Binder::combo(QComboBox* w, reference::ChoiceList& list, std::function<void
     shows_.push_back([w, &list] { showChoices(w, list); });
 }
 
+void Binder::slider(QSlider* w, int& field, std::function<void()> moved) {
+    QObject::connect(w, &QSlider::valueChanged, w, [&field, moved](int value) {
+        field = value;
+        if (moved) moved();
+    });
+    shows_.push_back([w, &field] {
+        const QSignalBlocker quiet(w);
+        w->setValue(field);
+    });
+}
+
 void Binder::show() const {
     for (const auto& s : shows_) s();
 }
@@ -140,6 +153,22 @@ void fillGrid(QTableWidget* grid, const std::vector<std::vector<std::string>>& r
 void bindGridRow(QTableWidget* grid, int& row) {
     QObject::connect(grid, &QTableWidget::currentCellChanged, grid,
                      [&row](int current, int, int, int) { row = current; });
+}
+
+QGridLayout* levelRow(QLineEdit* field, QSlider* slider, int min, int max, const char* scaleName) {
+    field->setMaxLength(2);
+    field->setFixedWidth(field->fontMetrics().horizontalAdvance(QStringLiteral("000")) + 12);
+    slider->setRange(min, max);
+    slider->setTickPosition(QSlider::TicksBelow);
+    slider->setPageStep(1);
+    auto* scale = new QLabel(QStringLiteral("Least                       Most"), field->parentWidget());
+    scale->setObjectName(QString::fromUtf8(scaleName));
+    slider->setMinimumWidth(scale->sizeHint().width());
+    auto* row = new QGridLayout;
+    row->addWidget(field, 0, 0);
+    row->addWidget(slider, 0, 1);
+    row->addWidget(scale, 1, 1);
+    return row;
 }
 
 QPushButton* makeButton(QWidget* parent, const char* objectName, const QString& text) {

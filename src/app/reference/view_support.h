@@ -19,9 +19,11 @@
 class QCheckBox;
 class QComboBox;
 class QEvent;
+class QGridLayout;
 class QLineEdit;
 class QPlainTextEdit;
 class QPushButton;
+class QSlider;
 class QTableWidget;
 class QWidget;
 
@@ -48,6 +50,7 @@ public:
     void check(QCheckBox* w, bool& field, std::function<void()> edited = {});
     // The combo's items follow the list's; a choice sets ListIndex.
     void combo(QComboBox* w, reference::ChoiceList& list, std::function<void()> chosen = {});
+    void slider(QSlider* w, int& field, std::function<void()> moved = {});
     // Any other widget: how it shows the model.
     void custom(std::function<void()> show) { shows_.push_back(std::move(show)); }
 
@@ -73,6 +76,10 @@ QStringList columnTitles(const Titles& titles) {
 void fillGrid(QTableWidget* grid, const std::vector<std::vector<std::string>>& rows, int selected);
 // The row the user makes current goes to `row`.
 void bindGridRow(QTableWidget* grid, int& row);
+
+// A level from `min` to `max`, typed in the two-digit `field` or set with `slider`, over a
+// "Least ... Most" scale named `scaleName`.
+QGridLayout* levelRow(QLineEdit* field, QSlider* slider, int min, int max, const char* scaleName);
 
 QPushButton* makeButton(QWidget* parent, const char* objectName, const QString& text);
 QLabel* makeLabel(QWidget* parent, const QString& text, QWidget* buddy = nullptr);

@@ -1,16 +1,19 @@
 #include "app/reference/availability_grid.h"
 #include "app/reference/edit_staff_window.h"
 #include "app/reference/person_list_window.h"
+#include "app/reference/qualification_window.h"
 #include "reference_fake_context.h"
 #include "store/access.h"
 
 #include <QCalendarWidget>
+#include <QComboBox>
 #include <QDateEdit>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSlider>
 #include <QTabWidget>
 #include <QTableWidget>
 #include <QTest>
@@ -208,6 +211,39 @@ TEST_F(ReferenceEmployeeTest, MenuDeleteAsksForTheCurrentEmployeeAndTheListFollo
     EXPECT_TRUE(store::GetRecs(s(), "select * from person where personid=?", {john}).empty());
     EXPECT_EQ(grid->rowCount(), 1);
     EXPECT_EQ(context->employeeChanges, 1);
+}
+
+}  // namespace
+}  // namespace tallymere::testing
+
+namespace tallymere::testing {
+namespace {
+
+TEST_F(ReferenceEmployeeTest, QualificationSkillFieldAndSliderFollowEachOtherAndOkSavesTheLevel) {
+    store::InsertRecs(s(), "insert into position (title) values('Server')");
+    auto model =
+        std::make_unique<reference::addqualifications>(s(), reference::EmployeeRef{john, "Smith", "John", "Cook"});
+    ASSERT_TRUE(model->Load());
+    app::QualificationWindow window(std::move(model), nullptr);
+    auto* slider = named<QSlider>(&window, "skillslider");
+    auto* skill = named<QLineEdit>(&window, "skill");
+    auto* position = named<QComboBox>(&window, "positioncombo");
+    ASSERT_TRUE(slider && skill && position);
+
+    slider->setValue(8);
+    EXPECT_EQ(skill->text(), QStringLiteral("8"));
+    skill->selectAll();
+    QTest::keyClicks(skill, QStringLiteral("3"));
+    EXPECT_EQ(slider->value(), 3);
+
+    const int server = position->findText(QStringLiteral("Server"));
+    position->setCurrentIndex(server);
+    emit position->activated(server);  // as a choice with the mouse ends
+    named<QPushButton>(&window, "OKbutton")->click();
+    const auto saved = store::GetRecs(s(), "select * from qualifications where personid=?", {john});
+    ASSERT_FALSE(saved.empty()) << ::testing::PrintToString(ui.texts());
+    EXPECT_EQ(saved["position"].text(), "Server");
+    EXPECT_EQ(saved["slevel"].toLong(), 3);
 }
 
 }  // namespace

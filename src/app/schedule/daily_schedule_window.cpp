@@ -395,11 +395,14 @@ void DailyScheduleWindow::showWeekGrid() {
 void DailyScheduleWindow::updailyflexform() { runAndShow([this] { model_.updailyflexform(); }); }
 
 void DailyScheduleWindow::UpDailyGridUpEmpl() {
-    // Only the active window reads its list at once; behind others it waits for its activation.
-    if (model_.activeWindow)
+    // Only the active window reads its list at once; behind others the list waits for its
+    // activation, while the grid shows changed names at once.
+    if (model_.activeWindow) {
         runAndShow([this] { model_.UpDailyGridUpEmpl(); });
-    else
-        model_.employeeListStale = true;
+        return;
+    }
+    model_.employeeListStale = true;
+    runAndShow([this] { model_.RefreshDailyGrid(); });
 }
 
 void DailyScheduleWindow::quickBarTimesChanged() { runAndShow([this] { model_.MarkEmployeeList(); }); }

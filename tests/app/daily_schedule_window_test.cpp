@@ -1,5 +1,6 @@
 #include "app/schedule/daily_schedule_window.h"
 
+#include "app/schedule/daily_entry_dialog.h"
 #include "app/schedule/employee_pictures.h"
 #include "reference_fake_context.h"
 #include "store/access.h"
@@ -154,6 +155,19 @@ TEST_F(DailyScheduleWindowTest, ClicksSelectRowsAndTheDeleteKeyRemovesTheSelecti
     QTest::keyClick(grid, Qt::Key_Delete);
     EXPECT_TRUE(ui.shown(question)) << ::testing::PrintToString(ui.texts());
     EXPECT_EQ(grid->rowCount(), 0);
+}
+
+TEST_F(DailyScheduleWindowTest, EnterOpensTheEditorOnTheCurrentEntry) {
+    const long schedid = addEntry(9, 60);
+    window->updailyflexform();
+    clickRow(0);
+    long edited = 0;
+    const auto watch = whenModal(QStringLiteral("dailyadd"), [&edited](QDialog* dialog) {
+        edited = static_cast<app::DailyAddDialog*>(dialog)->model().schedid();
+    });
+    QTest::keyClick(grid, Qt::Key_Return);
+    EXPECT_TRUE(watch->ran);
+    EXPECT_EQ(edited, schedid);
 }
 
 TEST_F(DailyScheduleWindowTest, CopyAndPasteByKeysCarryAnOvernightEntryToAnotherDayAndOfferUndo) {

@@ -554,6 +554,11 @@ bool DailyScheduleWindow::grid1KeyEvent(QEvent* event) {
         }
         return true;
     }
+    // Enter opens the entry as a double click does.
+    if ((e->key() == Qt::Key_Return || e->key() == Qt::Key_Enter) && !(mods & (Qt::ControlModifier | Qt::AltModifier))) {
+        editEntry(true);
+        return true;
+    }
     if (key == GridKey::Other) return false;
     schedule::KeyModifiers modifiers;
     modifiers.ctrl = mods & Qt::ControlModifier;

@@ -90,8 +90,8 @@ protected:
                               {p.title, "", "$12.00", p.color});
         for (const char* section : {"Dining Room", "Drive-thru", "Kitchen"})
             store::InsertRecs(s(), "insert into section (name,description) values(?,?)", {section, ""});
-        for (const auto& [name, from, to] :
-             {std::tuple{"Early", 6, 14}, std::tuple{"Day", 9, 17}, std::tuple{"Late", 14, 22}, std::tuple{"Night", 22, 6}}) {
+        for (const auto& [name, from, to] : {std::tuple{"Early", 6, 14}, std::tuple{"Day", 9, 17},
+                                             std::tuple{"Late", 14, 22}, std::tuple{"Night", 22, 6}}) {
             const auto start = DateTime::fromParts(2006, 1, 1, from);
             const auto end = to <= from ? DateTime::fromParts(2006, 1, 2, to) : DateTime::fromParts(2006, 1, 1, to);
             store::InsertRecs(s(), "insert into shift (name,strttime,endtime,description) values(?,?,?,?)",
@@ -121,7 +121,8 @@ protected:
         // Ana is on leave; Ken cannot work the quick bar's morning hours.
         store::InsertRecs(s(), "insert into employeeleave (personid,fullname,typeofleave,sday) values(?,?,?,?)",
                           {ana, "Jensen, Ana", "Vacation", kDay});
-        const long ken = static_cast<long>(store::GetRecs(s(), "select * from person where lname='Ito'")["personid"].toLong());
+        const long ken =
+            static_cast<long>(store::GetRecs(s(), "select * from person where lname='Ito'")["personid"].toLong());
         store::InsertRecs(s(), "insert into availability (personid,lname,fname,sday,houravail) values(?,?,?,?,?)",
                           {ken, "Ito", "Ken", "Friday", std::string(12, 'N') + std::string(12, 'Y')});
     }
@@ -146,8 +147,8 @@ TEST_F(ScheduleScreenshots, BusyDayWeekAndEditor) {
     save(window.get(), "daily-week");
     daily->setWeekView(false);
 
-    const long schedid = static_cast<long>(
-        store::GetRecs(s(), "select schedid from sched where lname='Fischer'")["schedid"].toLong());
+    const long schedid =
+        static_cast<long>(store::GetRecs(s(), "select schedid from sched where lname='Fischer'")["schedid"].toLong());
     app::DailyAddDialog editor(s(), schedid, window.get());
     ASSERT_TRUE(editor.loaded());
     editor.show();

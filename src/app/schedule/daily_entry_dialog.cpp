@@ -21,7 +21,6 @@ namespace tallymere::app {
 
 namespace {
 
-
 // A combo whose text may be none of its items, as an entry keeps a renamed shift.
 QComboBox* textCombo(QWidget* parent, const char* name) {
     auto* c = new QComboBox(parent);

@@ -392,7 +392,9 @@ void DailyScheduleWindow::showWeekGrid() {
 // ---------------------------------------------------------------------------------------------
 // The main window's requests
 
-void DailyScheduleWindow::updailyflexform() { runAndShow([this] { model_.updailyflexform(); }); }
+void DailyScheduleWindow::updailyflexform() {
+    runAndShow([this] { model_.updailyflexform(); });
+}
 
 void DailyScheduleWindow::UpDailyGridUpEmpl() {
     // Only the active window reads its list at once; behind others the list waits for its
@@ -405,13 +407,19 @@ void DailyScheduleWindow::UpDailyGridUpEmpl() {
     runAndShow([this] { model_.RefreshDailyGrid(); });
 }
 
-void DailyScheduleWindow::quickBarTimesChanged() { runAndShow([this] { model_.MarkEmployeeList(); }); }
+void DailyScheduleWindow::quickBarTimesChanged() {
+    runAndShow([this] { model_.MarkEmployeeList(); });
+}
 
-void DailyScheduleWindow::activated() { runAndShow([this] { model_.Form_Activate(); }); }
+void DailyScheduleWindow::activated() {
+    runAndShow([this] { model_.Form_Activate(); });
+}
 
 void DailyScheduleWindow::deactivated() { model_.Form_Deactivate(); }
 
-void DailyScheduleWindow::setWeekView(bool on) { runAndShow([this, on] { model_.setWeekView(on); }); }
+void DailyScheduleWindow::setWeekView(bool on) {
+    runAndShow([this, on] { model_.setWeekView(on); });
+}
 
 void DailyScheduleWindow::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
@@ -501,8 +509,7 @@ bool DailyScheduleWindow::grid1MouseEvent(QEvent* event) {
         auto* e = static_cast<QMouseEvent*>(event);
         if (!selecting_ || !(e->buttons() & Qt::LeftButton)) return false;
         const int row = grid1RowAt(e->position().toPoint());
-        if (row >= 1 && row != model_.grid1.RowSel)
-            runAndShow([&] { model_.grid1_SelChange(model_.grid1.Row, row); });
+        if (row >= 1 && row != model_.grid1.RowSel) runAndShow([&] { model_.grid1_SelChange(model_.grid1.Row, row); });
         return true;
     }
     case QEvent::MouseButtonRelease: {
@@ -555,7 +562,8 @@ bool DailyScheduleWindow::grid1KeyEvent(QEvent* event) {
         return true;
     }
     // Enter opens the entry as a double click does.
-    if ((e->key() == Qt::Key_Return || e->key() == Qt::Key_Enter) && !(mods & (Qt::ControlModifier | Qt::AltModifier))) {
+    if ((e->key() == Qt::Key_Return || e->key() == Qt::Key_Enter) &&
+        !(mods & (Qt::ControlModifier | Qt::AltModifier))) {
         editEntry(true);
         return true;
     }
@@ -609,8 +617,7 @@ bool DailyScheduleWindow::lstlistMouseEvent(QEvent* event) {
     case QEvent::MouseMove: {
         auto* e = static_cast<QMouseEvent*>(event);
         if (!dragStart_ || !(e->buttons() & Qt::LeftButton)) return false;
-        if ((e->position().toPoint() - *dragStart_).manhattanLength() < QApplication::startDragDistance())
-            return false;
+        if ((e->position().toPoint() - *dragStart_).manhattanLength() < QApplication::startDragDistance()) return false;
         QTreeWidgetItem* item = lstlist_->itemAt(*dragStart_);
         dragStart_.reset();
         if (!item || !model_.lstlist_StartDrag()) return false;

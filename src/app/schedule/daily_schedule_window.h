@@ -33,7 +33,9 @@ public:
     schedule::dailyflexgrid& model() { return model_; }
 
     // --- ChildWindow
-    void refreshWindow() override { runAndShow([this] { model_.Command4_Click(); }); }
+    void refreshWindow() override {
+        runAndShow([this] { model_.Command4_Click(); });
+    }
     QSize defaultSize() const override { return {980, 560}; }
     QSize sizeHint() const override { return defaultSize(); }
     void updailyflexform() override;
@@ -47,12 +49,24 @@ public:
     void addFromQuickBar();
     // Edit the current entry; `fromMenu` clears the undo first, as the menu and double click do.
     void editEntry(bool fromMenu);
-    void deleteEntries() { runAndShow([this] { model_.Command3_Click(); }); }
-    void deleteDay() { runAndShow([this] { model_.mnudeleteday_Click(); }); }
-    void cut() { runAndShow([this] { model_.mnudailygridrightclickcut_Click(); }); }
-    void copy() { runAndShow([this] { model_.mnudailygridrightclickcopy_Click(); }); }
-    void paste() { runAndShow([this] { model_.mnudailygridrightclickpaste_Click(); }); }
-    void selectAll() { runAndShow([this] { model_.mnudailygridrightclickselectall_Click(); }); }
+    void deleteEntries() {
+        runAndShow([this] { model_.Command3_Click(); });
+    }
+    void deleteDay() {
+        runAndShow([this] { model_.mnudeleteday_Click(); });
+    }
+    void cut() {
+        runAndShow([this] { model_.mnudailygridrightclickcut_Click(); });
+    }
+    void copy() {
+        runAndShow([this] { model_.mnudailygridrightclickcopy_Click(); });
+    }
+    void paste() {
+        runAndShow([this] { model_.mnudailygridrightclickpaste_Click(); });
+    }
+    void selectAll() {
+        runAndShow([this] { model_.mnudailygridrightclickselectall_Click(); });
+    }
     void setWeekView(bool on);
     // The employee list's other order: by position with the position first, or by name.
     void switchEmployeeOrder();

@@ -73,7 +73,8 @@ QString employeePictureText(int picture) {
     switch (picture) {
     case schedule::kPictureScheduled: return QCoreApplication::translate("employeePicture", "Scheduled today");
     case schedule::kPictureOnLeave: return QCoreApplication::translate("employeePicture", "On leave today");
-    case schedule::kPictureNotAvailable: return QCoreApplication::translate("employeePicture", "Not available for the quick bar's times");
+    case schedule::kPictureNotAvailable:
+        return QCoreApplication::translate("employeePicture", "Not available for the quick bar's times");
     default: return {};
     }
 }

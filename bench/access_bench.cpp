@@ -18,7 +18,7 @@ bench::LargeBusiness& business() {
 
 void daySelect(benchmark::State& state) {
     auto& s = business().session();
-    s.db().setStatementCaching(state.range(0) != 0);
+    store::db(s).setStatementCaching(state.range(0) != 0);
     int d = 0;
     std::size_t rows = 0;
     for (auto _ : state) {
@@ -28,12 +28,12 @@ void daySelect(benchmark::State& state) {
     }
     state.SetItemsProcessed(state.iterations());
     state.counters["rows/select"] = static_cast<double>(rows) / static_cast<double>(state.iterations());
-    s.db().setStatementCaching(true);
+    store::db(s).setStatementCaching(true);
 }
 
 void weekHourSum(benchmark::State& state) {
     auto& s = business().session();
-    s.db().setStatementCaching(state.range(0) != 0);
+    store::db(s).setStatementCaching(state.range(0) != 0);
     int d = 0;
     double hours = 0;
     for (auto _ : state) {
@@ -45,7 +45,7 @@ void weekHourSum(benchmark::State& state) {
     }
     state.SetItemsProcessed(state.iterations());
     benchmark::DoNotOptimize(hours);
-    s.db().setStatementCaching(true);
+    store::db(s).setStatementCaching(true);
 }
 
 BENCHMARK(daySelect)->ArgName("reuse")->Arg(1)->Arg(0)->Unit(benchmark::kMicrosecond);

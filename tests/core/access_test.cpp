@@ -6,6 +6,7 @@
 #include "store/template_builder.h"
 #include "support/test_database.h"
 
+#include <sqlite3.h>
 #include <filesystem>
 #include <fstream>
 
@@ -84,17 +85,17 @@ TEST_F(AccessTest, DatesAreBoundAsValuesNotDisplayText) {
 }
 
 TEST_F(AccessTest, StatementsAreReusedNotPreparedAgain) {
-    const std::size_t before = s().db().preparedCount();
+    const std::size_t before = store::db(s()).preparedCount();
     for (int i = 0; i < 20; ++i) GetRecs(s(), "select * from person where personid = ?", {i});
-    EXPECT_EQ(s().db().preparedCount() - before, 1u);
+    EXPECT_EQ(store::db(s()).preparedCount() - before, 1u);
 }
 
 TEST_F(AccessTest, AnUpdateWorksWhileTheSharedConnectionIsClosedAndAReadReconnectsWithoutAWord) {
     store::CloseDB(s());
     EXPECT_TRUE(store::UdateRecs(s(), "update person set city = ? where lname = ?", {"Dayton", "Sample"}));
-    EXPECT_FALSE(s().db().isOpen());
+    EXPECT_FALSE(store::db(s()).isOpen());
     EXPECT_EQ(GetRecs(s(), "select city from person")["city"].text(), "Dayton");
-    EXPECT_TRUE(s().db().isOpen());
+    EXPECT_TRUE(store::db(s()).isOpen());
     EXPECT_TRUE(ui.messages.empty());
     EXPECT_FALSE(s().ExitNow);
 }
@@ -128,7 +129,7 @@ TEST_F(AccessTest, ABadSelectSetsExitNowAndGivesAnEmptyResult) {
 
 TEST_F(AccessTest, ThreeLostConnectionsEndInErrorReadingData) {
     int selects = 0;
-    s().db().setFaultInjector([&](std::string_view op, std::string_view) -> std::optional<DbError> {
+    store::db(s()).setFaultInjector([&](std::string_view op, std::string_view) -> std::optional<DbError> {
         if (op != "select") return std::nullopt;
         ++selects;
         return DbError{DbErrorKind::LostConnection, 10, "disk I/O error"};
@@ -144,7 +145,7 @@ TEST_F(AccessTest, ThreeLostConnectionsEndInErrorReadingData) {
 
 TEST_F(AccessTest, ALostConnectionThatComesBackIsRetriedSilently) {
     int selects = 0;
-    s().db().setFaultInjector([&](std::string_view op, std::string_view) -> std::optional<DbError> {
+    store::db(s()).setFaultInjector([&](std::string_view op, std::string_view) -> std::optional<DbError> {
         if (op == "select" && ++selects == 1) return DbError{DbErrorKind::LostConnection, 10, "disk I/O error"};
         return std::nullopt;
     });
@@ -195,7 +196,9 @@ TEST_F(AccessTest, AFileThatIsNoDatabaseIsToldAtStart) {
 TEST_F(AccessTest, AnotherProgramsDatabaseIsNotTakenForOurs) {
     store::CloseDB(s());
     fs::remove(s().DatabasePath());
-    ASSERT_EQ(store::buildTemplate(s().DatabasePath(), "create table options (optionname text, optionvalue text);", "", 0), "");
+    ASSERT_EQ(
+        store::buildTemplate(s().DatabasePath(), "create table options (optionname text, optionvalue text);", "", 0),
+        "");
     Recordset rs;
     EXPECT_FALSE(store::TryGetRecs(s(), "select * from options", rs));
     EXPECT_TRUE(ui.shown("The file " + s().DatabasePath() + " is not a valid Tallymere file."));
@@ -244,12 +247,100 @@ TEST_F(DamagedDatabaseTest, DamageFoundWhileReadingIsRepairedAfterAWarning) {
     }
     ASSERT_TRUE(store::ConnectDB(s()));
     Recordset rs = GetRecs(s(), "select * from person");
-    EXPECT_TRUE(ui.shown("The Tallymere database has become corrupt. This can sometimes happen if your machine "
-                         "crashes while running Tallymere. Tallymere will attempt to repair your database."));
+    EXPECT_TRUE(
+        ui.shown("The Tallymere database has become corrupt. This can sometimes happen if your machine "
+                 "crashes while running Tallymere. Tallymere will attempt to repair your database."));
     EXPECT_TRUE(ui.shown("Database repaired successfully."));
     EXPECT_FALSE(s().ExitNow);
     EXPECT_GT(rs.RecordCount(), 1000u);
     EXPECT_TRUE(fs::exists(kept()));
+}
+
+// One user action is one transaction: the shared path and the update path write through it, and a
+// failure anywhere leaves the file as it was.
+class TransactionTest : public DatabaseTest {
+protected:
+    std::size_t sections() { return GetRecs(s(), "select * from section").RecordCount(); }
+    bool addSection(const std::string& name) {
+        return InsertRecs(s(), "insert into section (name, description) values (?, ?)", {name, ""});
+    }
+};
+
+TEST_F(TransactionTest, BothPathsWriteThroughItAndCommitKeepsEverything) {
+    const auto before = sections();
+    {
+        store::Transaction tx(s());
+        ASSERT_TRUE(addSection("Bar"));
+        // The update path has a connection of its own; inside a transaction it must not wait on the
+        // shared connection's lock, and must see the row just written.
+        ASSERT_TRUE(store::UdateRecs(s(), "update section set description = ? where name = ?", {"drinks", "Bar"}));
+        EXPECT_EQ(GetRecs(s(), "select * from section where description = ?", {"drinks"}).RecordCount(), 1u);
+        EXPECT_TRUE(tx.commit());
+    }
+    EXPECT_EQ(sections(), before + 1);
+    EXPECT_TRUE(ui.messages.empty());
+}
+
+TEST_F(TransactionTest, LeavingWithoutCommitOrAFailedStatementKeepsNothing) {
+    const auto before = sections();
+    {
+        store::Transaction tx(s());
+        addSection("Bar");
+        store::UdateRecs(s(), "update section set description = ? where name = ?", {"drinks", "Bar"});
+    }  // Cancel: rolled back without a word
+    EXPECT_EQ(sections(), before);
+    EXPECT_TRUE(ui.messages.empty());
+
+    int executes = 0;
+    store::db(s()).setFaultInjector([&](std::string_view op, std::string_view) -> std::optional<DbError> {
+        if (op == "execute" && ++executes == 2) return DbError{DbErrorKind::Other, 19, "constraint failed"};
+        return std::nullopt;
+    });
+    store::Transaction tx(s());
+    EXPECT_TRUE(addSection("Bar"));
+    EXPECT_FALSE(addSection("Patio"));
+    EXPECT_TRUE(tx.failed());
+    // Nothing more is written once the action has failed.
+    EXPECT_FALSE(addSection("Garden"));
+    EXPECT_FALSE(tx.commit());
+    EXPECT_EQ(sections(), before);
+    EXPECT_EQ(ui.texts(), (std::vector<std::string>{"Unable to update database [InsertRecs].constraint failed",
+                                                    "None of this change was saved: the data is as it was before."}));
+}
+
+TEST_F(TransactionTest, ANestedOneJoinsTheOuterAndItsAbandonSpoilsTheWhole) {
+    const auto before = sections();
+    {
+        store::Transaction outer(s());
+        addSection("Bar");
+        {
+            store::Transaction inner(s());
+            addSection("Patio");
+            EXPECT_TRUE(inner.commit());
+        }
+        EXPECT_EQ(sections(), before + 2);  // not yet written for good, but visible to the action
+        {
+            store::Transaction inner(s());
+            addSection("Garden");
+        }  // left without commit
+        EXPECT_FALSE(outer.commit());
+    }
+    EXPECT_EQ(sections(), before);
+    EXPECT_TRUE(ui.messages.empty());
+}
+
+TEST_F(TransactionTest, AnotherCopySeesNothingUntilTheCommit) {
+    store::Transaction tx(s());
+    addSection("Bar");
+    sqlite3* other = nullptr;
+    ASSERT_EQ(sqlite3_open(s().DatabasePath().c_str(), &other), SQLITE_OK);
+    sqlite3_busy_timeout(other, 50);
+    // The write lock is taken when the action starts, so another writer waits instead of
+    // interleaving its rows with ours.
+    EXPECT_NE(sqlite3_exec(other, "insert into section (name) values ('Other')", nullptr, nullptr, nullptr), SQLITE_OK);
+    EXPECT_TRUE(tx.commit());
+    EXPECT_EQ(sqlite3_exec(other, "insert into section (name) values ('Other')", nullptr, nullptr, nullptr), SQLITE_OK);
+    sqlite3_close(other);
 }
 
 }  // namespace

@@ -173,10 +173,10 @@ TEST_F(BackupRestoreTest, RestoreKeepsADamagedLiveFileByteForByte) {
 
 TEST_F(BackupRestoreTest, MenuCommandsCloseTheConnectionAroundTheirWindows) {
     bool openDuringWindow = true;
-    ui.onModal("backup", [&] { openDuringWindow = s().db().isOpen(); });
+    ui.onModal("backup", [&] { openDuringWindow = store::db(s()).isOpen(); });
     maintenance::RunBackup(s());
     EXPECT_FALSE(openDuringWindow);
-    EXPECT_TRUE(s().db().isOpen());
+    EXPECT_TRUE(store::db(s()).isOpen());
 
     ui.onModal("RestoreSchedData", [] { throw std::system_error(EBUSY, std::generic_category(), "Tallymere.db"); });
     EXPECT_NO_THROW(maintenance::RunRestore(s()));
@@ -189,7 +189,7 @@ TEST_F(BackupRestoreTest, MenuCommandsCloseTheConnectionAroundTheirWindows) {
     marker(elsewhere.path(), "backed up");
     ui.onModal("RestoreSchedData", [&] { pressRestore(elsewhere.str()); });
     EXPECT_THROW(maintenance::RunRestore(s()), common::ProgramEnd);
-    EXPECT_FALSE(s().db().isOpen());
+    EXPECT_FALSE(store::db(s()).isOpen());
 }
 
 }  // namespace

@@ -69,10 +69,10 @@ TEST_F(DayFiguresTest, TheStatementRunForEachEntryIsPreparedOnce) {
     for (int i = 0; i < 20; ++i) addEntry(cook, i % 12, 30);
     GetDailyHours(s(), kDay);
     GetDailyLaborCost(s(), kDay);
-    const auto prepared = s().db().preparedCount();
+    const auto prepared = store::db(s()).preparedCount();
     EXPECT_DOUBLE_EQ(GetDailyHours(s(), kDay), 10.0);
     EXPECT_DOUBLE_EQ(GetDailyLaborCost(s(), kDay), 100.0);
-    EXPECT_EQ(s().db().preparedCount(), prepared);
+    EXPECT_EQ(store::db(s()).preparedCount(), prepared);
 }
 
 }  // namespace

@@ -210,7 +210,7 @@ TEST_F(MainFormTest, BackupReminderComesFromFifteenStartsAndRestartsTheCount) {
     EXPECT_EQ(store::GetOption(s(), "nrunsincebackup"), "14");
 
     bool closedDuringBackup = false;
-    ui.onModal("backup", [&] { closedDuringBackup = !s().db().isOpen(); });
+    ui.onModal("backup", [&] { closedDuringBackup = !store::db(s()).isOpen(); });
     for (const MsgAnswer answer : {MsgAnswer::Yes, MsgAnswer::No}) {
         countStartsSinceBackup(14);
         ui.clear();

@@ -152,7 +152,7 @@ protected:
     // A statement the engine must refuse.
     bool refused(std::string_view sql, const Params& params = {}) {
         Recordset rs;
-        return static_cast<bool>(s().db().select(sql, params, rs));
+        return static_cast<bool>(store::db(s()).select(sql, params, rs));
     }
 
     static DateTime at(int d, int h, int m) { return DateTime::fromParts(2026, 11, d, h, m); }

@@ -80,7 +80,7 @@ protected:
     bool hasDatabase(const std::string& folder) { return fs::exists(folder + "/" + Session::kDatabaseFileName); }
     // Records the engine operations of the session's database.
     void recordOperations() {
-        s().db().setFaultInjector([this](std::string_view op, std::string_view) {
+        store::db(s()).setFaultInjector([this](std::string_view op, std::string_view) {
             operations.emplace_back(op);
             return std::nullopt;
         });

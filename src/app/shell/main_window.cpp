@@ -218,7 +218,7 @@ void MainWindow::referenceListsChanged() {
     const auto kept =
         std::make_tuple(f.shiftcombo.text, f.positioncombo.text, f.sectioncombo.text, f.TETxtHr, f.TeTxtMin, f.TEAmPm);
     f.SetupQuickBar();
-    const auto keep = [](shell::MainForm::Combo& c, const std::string& text) {
+    const auto keep = [](schedule::QuickBar::Combo& c, const std::string& text) {
         if (std::find(c.items.begin(), c.items.end(), text) != c.items.end()) c.text = text;
     };
     keep(f.shiftcombo, std::get<0>(kept));

@@ -36,7 +36,7 @@ QWidget* labelled(QWidget* parent, const QString& caption, QWidget* control) {
     return box;
 }
 
-void showCombo(QComboBox* combo, const shell::MainForm::Combo& model) {
+void showCombo(QComboBox* combo, const schedule::QuickBar::Combo& model) {
     const QSignalBlocker block(combo);
     QStringList items;
     for (const std::string& item : model.items) items << QString::fromStdString(item);

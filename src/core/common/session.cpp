@@ -1,12 +1,9 @@
 #include "common/session.h"
 
-#include "store/database.h"
-
 namespace tallymere::common {
 
 Session::Session(Ui& ui, UserSettings& userSettings, const Clock& clock)
-    : activeDate(clock.today()), ui_(ui), userSettings_(userSettings), clock_(clock),
-      db_(std::make_unique<store::Database>(*this)) {}
+    : activeDate(clock.today()), ui_(ui), userSettings_(userSettings), clock_(clock) {}
 
 Session::~Session() = default;
 

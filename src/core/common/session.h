@@ -16,10 +16,6 @@
 #include <string>
 #include <string_view>
 
-namespace tallymere::store {
-class Database;
-}
-
 namespace tallymere::common {
 
 // Thrown where the system "ends at once": nothing after that point may run. The app catches it at
@@ -50,6 +46,13 @@ struct UserRights {
     bool noStaffLevels = false;
 };
 
+// What a lower layer keeps for the session and the session owns: the store's open database. The
+// session never looks inside, so that common stays below store.
+class SessionPart {
+public:
+    virtual ~SessionPart() = default;
+};
+
 class Session {
 public:
     Session(Ui& ui, UserSettings& userSettings, const Clock& clock);
@@ -60,7 +63,9 @@ public:
     Ui& ui() { return ui_; }
     UserSettings& userSettings() { return userSettings_; }
     const Clock& clock() const { return clock_; }
-    store::Database& db() { return *db_; }
+    // The store's part of the session (its Database), made by the store on first use.
+    SessionPart* storePart() { return storePart_.get(); }
+    void setStorePart(std::unique_ptr<SessionPart> part) { storePart_ = std::move(part); }
     // The machine; a plain one until the app or a test sets its own (kept by reference).
     Platform& platform() { return platform_ ? *platform_ : plainPlatform_; }
     void setPlatform(Platform& p) { platform_ = &p; }
@@ -111,7 +116,7 @@ private:
     Ui& ui_;
     UserSettings& userSettings_;
     const Clock& clock_;
-    std::unique_ptr<store::Database> db_;
+    std::unique_ptr<SessionPart> storePart_;
     Platform* platform_ = nullptr;
     PlainPlatform plainPlatform_;
     std::string dataFolder_;

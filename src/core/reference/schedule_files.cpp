@@ -3,7 +3,7 @@
 #include "common/display_format.h"
 #include "common/text.h"
 #include "reference/window_support.h"
-#include "schedule/undo.h"
+#include "store/undo_snapshot.h"
 #include "store/access.h"
 
 namespace tallymere::reference {
@@ -80,12 +80,12 @@ void ScheduleFileList::select(int index) {
 // ---------------------------------------------------------------- Openfrm
 
 Openfrm::Openfrm(Session& s) : ScheduleFileList(s) {
-    schedule::ClearUndo(s_);
+    store::ClearUndo(s_);
     fillList();
 }
 
 void Openfrm::List1_Click(int index) {
-    schedule::ClearUndo(s_);
+    store::ClearUndo(s_);
     select(index);
 }
 
@@ -94,7 +94,7 @@ bool Openfrm::okbutton_Click() {
         say(s_, "No Schedule was selected to be opened.");
         return false;
     }
-    schedule::ClearUndo(s_);
+    store::ClearUndo(s_);
     const auto rs = store::GetRecs(s_, "select schedname from schedname where id=?", {List1[ListIndex].id});
     if (!rs.empty()) {
         s_.currentSchedule = rs["schedname"].text();
@@ -139,7 +139,7 @@ void Openfrm::deletebutton_Click() {
 
 // ---------------------------------------------------------------- opennew
 
-opennew::opennew(Session& s) : Caption("Create New Schedule File"), s_(s) { schedule::ClearUndo(s_); }
+opennew::opennew(Session& s) : Caption("Create New Schedule File"), s_(s) { store::ClearUndo(s_); }
 
 opennew::opennew(Session& s, long id) : Caption("Edit Schedule Name"), s_(s), id_(id) {
     const auto rs = store::GetRecs(s_, "select * from schedname where id=?", {id});
@@ -192,7 +192,7 @@ bool opennew::rename() {
 
 // ---------------------------------------------------------------- SaveAs
 
-SaveAs::SaveAs(Session& s) : s_(s) { schedule::ClearUndo(s_); }
+SaveAs::SaveAs(Session& s) : s_(s) { store::ClearUndo(s_); }
 
 bool SaveAs::OKButton_Click() {
     const std::string name = common::trim(schedname);
@@ -242,7 +242,7 @@ bool SaveAs::copyInto(const std::string& name) {
 // ---------------------------------------------------------------- deletesched
 
 deletesched::deletesched(Session& s) : ScheduleFileList(s) {
-    schedule::ClearUndo(s_);
+    store::ClearUndo(s_);
     fillList();
 }
 

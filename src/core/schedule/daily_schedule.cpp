@@ -8,7 +8,7 @@
 #include "reference/time_entry.h"
 #include "schedule/entry_rules.h"
 #include "schedule/undo.h"
-#include "shell/main_form.h"
+#include "schedule/schedule_host.h"
 #include "store/access.h"
 
 #include <algorithm>
@@ -113,7 +113,7 @@ struct dailyflexgrid::Deleter : DeleteListener {
 // ---------------------------------------------------------------------------------------------
 // Load and refreshes
 
-dailyflexgrid::dailyflexgrid(Session& s, shell::MainForm& main) : s_(s), main_(main) {
+dailyflexgrid::dailyflexgrid(Session& s, ScheduleHost& main) : s_(s), main_(main) {
     // Without the payroll right the cost stays hidden as long as the window lives.
     LaborEstimateVisible = !(s_.IsUserMode && s_.rights.noPayroll);
     setColumns();
@@ -391,8 +391,8 @@ bool dailyflexgrid::scheduledOn(long personid, Date day, bool allSchedules) {
 }
 
 std::optional<std::pair<DateTime, DateTime>> dailyflexgrid::quickBarTimes() const {
-    const reference::TimeEntry start{main_.TETxtHr[1], main_.TeTxtMin[1], main_.TEAmPm[1]};
-    const reference::TimeEntry end{main_.TETxtHr[0], main_.TeTxtMin[0], main_.TEAmPm[0]};
+    const reference::TimeEntry start{main_.quickBar().TETxtHr[1], main_.quickBar().TeTxtMin[1], main_.quickBar().TEAmPm[1]};
+    const reference::TimeEntry end{main_.quickBar().TETxtHr[0], main_.quickBar().TeTxtMin[0], main_.quickBar().TEAmPm[0]};
     if (!start.hasHour() || !end.hasHour()) return std::nullopt;
     const auto from = start.on(s_.activeDate);
     const auto to = end.on(s_.activeDate);

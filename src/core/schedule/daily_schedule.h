@@ -10,6 +10,7 @@
 #include "common/session.h"
 #include "reference/employee_records.h"
 #include "schedule/clipboard.h"
+#include "schedule/schedule_host.h"
 #include "store/recordset.h"
 #include "store/value.h"
 
@@ -20,10 +21,6 @@
 #include <string>
 #include <string_view>
 #include <vector>
-
-namespace tallymere::shell {
-class MainForm;
-}
 
 namespace tallymere::schedule {
 
@@ -140,7 +137,7 @@ public:
 
     // The window's load: the filter combo and the employee list (not yet marked). The main window
     // then asks for updailyflexform.
-    dailyflexgrid(Session& s, shell::MainForm& main);
+    dailyflexgrid(Session& s, ScheduleHost& main);
     ~dailyflexgrid();
     dailyflexgrid(const dailyflexgrid&) = delete;
     dailyflexgrid& operator=(const dailyflexgrid&) = delete;
@@ -265,7 +262,7 @@ private:
     void afterClipboardChange(bool changed);
 
     Session& s_;
-    shell::MainForm& main_;
+    ScheduleHost& main_;
     bool loading_ = true;
 };
 

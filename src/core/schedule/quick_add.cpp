@@ -10,7 +10,7 @@
 #include "schedule/daily_schedule.h"
 #include "schedule/entry_rules.h"
 #include "schedule/undo.h"
-#include "shell/main_form.h"
+#include "schedule/schedule_host.h"
 #include "store/access.h"
 
 #include <exception>
@@ -40,9 +40,9 @@ bool dailyflexgrid::addfromlv_Click() {
     try {
         // Empty minutes read as whole hours, in the quick bar itself.
         for (std::size_t i : {std::size_t{1}, std::size_t{0}})
-            if (common::trim(main_.TeTxtMin[i]).empty()) main_.TeTxtMin[i] = "00";
-        const reference::TimeEntry startFields{main_.TETxtHr[1], main_.TeTxtMin[1], main_.TEAmPm[1]};
-        const reference::TimeEntry endFields{main_.TETxtHr[0], main_.TeTxtMin[0], main_.TEAmPm[0]};
+            if (common::trim(main_.quickBar().TeTxtMin[i]).empty()) main_.quickBar().TeTxtMin[i] = "00";
+        const reference::TimeEntry startFields{main_.quickBar().TETxtHr[1], main_.quickBar().TeTxtMin[1], main_.quickBar().TEAmPm[1]};
+        const reference::TimeEntry endFields{main_.quickBar().TETxtHr[0], main_.quickBar().TeTxtMin[0], main_.quickBar().TEAmPm[0]};
         const Date day = s_.activeDate;
 
         const auto times = readEntryTimes(s_, day, startFields, endFields);
@@ -95,9 +95,9 @@ bool dailyflexgrid::addfromlv_Click() {
         }
 
         const std::string position =
-            s_.settings.dailyflexgridshowposition ? common::trim(main_.positioncombo.text) : primpos;
-        const std::string section = common::trim(main_.sectioncombo.text);
-        const std::string shift = main_.shiftcombo.text;
+            s_.settings.dailyflexgridshowposition ? common::trim(main_.quickBar().positioncombo.text) : primpos;
+        const std::string section = common::trim(main_.quickBar().sectioncombo.text);
+        const std::string shift = main_.quickBar().shiftcombo.text;
 
         // The insert itself cannot be undone, and an older snapshot would no longer fit the day.
         ClearUndo(s_);

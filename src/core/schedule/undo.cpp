@@ -50,11 +50,6 @@ bool copyDayToSnapshot(Session& s, Date day, const std::string& scheduleName) {
 
 }  // namespace
 
-void ClearUndo(common::Session& s) {
-    if (s.undoMenu) s.undoMenu->hideUndo();
-    store::DeleteRecs(s, "delete from sched where sname = ?", {common::Session::kUndoScheduleName});
-}
-
 void SaveUndoSnapshot(Session& s, std::optional<Date> from, std::optional<Date> to, const std::string& caption,
                       bool keepRows, const std::string& scheduleName) {
     // Only one snapshot exists: the previous one goes even when no new one is taken.

@@ -3,18 +3,14 @@
 // "*undo*": no schedule file, seen by no view.
 
 #include "common/session.h"
+#include "store/undo_snapshot.h"
 
 #include <optional>
 #include <string>
 
 namespace tallymere::schedule {
 
-// Forgets the snapshot and hides the undo command: after this nothing can be undone.
-void ClearUndo(common::Session& s);
-
-}  // namespace tallymere::schedule
-
-namespace tallymere::schedule {
+using store::ClearUndo;
 
 // Takes the snapshot of `from`..`to` of `scheduleName` before a bulk change: moved out of the way
 // (keepRows false, the range is left empty, the rows keep their schedids) or copied (keepRows true,

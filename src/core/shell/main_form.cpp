@@ -5,7 +5,7 @@
 #include "common/text.h"
 #include "maintenance/access_control.h"
 #include "shell/menus.h"
-#include "schedule/undo.h"
+#include "store/undo_snapshot.h"
 #include "store/access.h"
 #include "store/schema_upgrade.h"
 
@@ -163,7 +163,7 @@ void MainForm::hideUndo() {
 }
 
 void MainForm::ClearUndo() {
-    schedule::ClearUndo(s_);
+    store::ClearUndo(s_);
 }
 
 void MainForm::MenuSetupFormDeactivation() {

@@ -4,6 +4,7 @@
 // quick bar. The Qt main window owns one, implements MainFormHost for it, and routes its events here.
 
 #include "common/session.h"
+#include "schedule/schedule_host.h"
 #include "store/options.h"
 
 #include <array>
@@ -73,7 +74,7 @@ std::string DefaultDataFolder(common::Platform& platform);
 // becomes "dd/MM/yy", since in the control "mm" would be minutes), day and year letters lower case.
 std::string dateControlFormat(std::string_view pattern);
 
-class MainForm : public common::UndoMenu {
+class MainForm : public common::UndoMenu, public schedule::ScheduleHost, public schedule::QuickBar {
 public:
     static constexpr const char* kCaptionPrefix = "Quillbrook Tallymere - ";
     static constexpr const char* kNoScheduleOpen =
@@ -108,7 +109,7 @@ public:
     // Setters for the windows that steer entries (the daily schedule's entry commands, the undo); an
     // unknown name throws std::invalid_argument.
     // `enabled` set here is the entry's own state, still weighed as above.
-    void setMenuEnabled(std::string_view name, bool enabled);
+    void setMenuEnabled(std::string_view name, bool enabled) override;
     void setMenuChecked(std::string_view name, bool checked);
     void setMenuVisible(std::string_view name, bool visible);
     void setMenuCaption(std::string_view name, std::string_view caption);
@@ -154,14 +155,14 @@ public:
     void datechange(Date d);
     // The user changed `tooldate`; ignored while loading.
     void tooldate_Change(Date d);
-    void dayPlus_Click();     // one day on
-    void SSCommand1_Click();  // one day back
-    void weekplus_Click();    // 7 days on
-    void SSCommand3_Click();  // 7 days back
-    void monthplus_Click();   // one calendar month on
-    void SSCommand2_Click();  // one calendar month back
-    void yearplus_Click();    // 52 weeks on
-    void SSCommand4_Click();  // 52 weeks back
+    void dayPlus_Click() override;     // one day on
+    void SSCommand1_Click() override;  // one day back
+    void weekplus_Click();             // 7 days on
+    void SSCommand3_Click();           // 7 days back
+    void monthplus_Click();            // one calendar month on
+    void SSCommand2_Click();           // one calendar month back
+    void yearplus_Click();             // 52 weeks on
+    void SSCommand4_Click();           // 52 weeks back
 
     ToolDateFormat toolDateFormat() const;
     // The custom format as the control keeps it ("MM/dd/yyyy"); meaningful when the format is Custom.
@@ -179,17 +180,8 @@ public:
     // Refreshes the active child window.
     void mnurefresh_Click();
 
-    // --- Quick bar. Time fields are control arrays: index 1 the start, index 0 the end.
-    struct Combo {
-        std::vector<std::string> items;
-        std::string text;
-    };
-    Combo shiftcombo;
-    Combo positioncombo;
-    Combo sectioncombo;
-    std::array<std::string, 2> TETxtHr;
-    std::array<std::string, 2> TeTxtMin;
-    std::array<std::string, 2> TEAmPm;
+    // --- Quick bar (the fields are the QuickBar base).
+    schedule::QuickBar& quickBar() override { return *this; }
 
     // Fills the quick bar's lists and restores its last selections and times.
     void SetupQuickBar();

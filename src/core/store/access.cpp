@@ -19,6 +19,7 @@ constexpr const char* kNotWritableConnect =
     "the database file is kept) are not set to Read Only. Tallymere cannot be run from an unwritable media such as "
     "a CD-ROM.";
 constexpr const char* kUnableToRepair = "Unable to repair database. Tallymere will exit.";
+constexpr const char* kNothingSaved = "None of this change was saved: the data is as it was before.";
 // A read is tried this often before a lost connection is given up.
 constexpr int kReadAttempts = 3;
 
@@ -35,6 +36,7 @@ Recordset giveUp(Session& s) {
 }
 
 bool actionFailed(Session& s, const char* operation, const DbError& e) {
+    db(s).markTransactionFailed();
     say(s, std::string("Unable to update database [") + operation + "]." + e.description, MsgIcon::Critical);
     return false;
 }
@@ -55,12 +57,10 @@ std::string cutTo255(std::string_view s) {
 
 bool ConnectDB(Session& s) {
     for (;;) {
-        const DbError e = s.db().open();
+        const DbError e = db(s).open();
         switch (e.kind) {
         case DbErrorKind::None: return true;
-        case DbErrorKind::MissingFile:
-            say(s, kMissingFileConnect, MsgIcon::Critical);
-            s.endProgram();
+        case DbErrorKind::MissingFile: say(s, kMissingFileConnect, MsgIcon::Critical); s.endProgram();
         case DbErrorKind::NotWritable:
             say(s, kNotWritableConnect, MsgIcon::Exclamation, "Open Connection Error");
             s.ui().setBusy(false);
@@ -69,7 +69,7 @@ bool ConnectDB(Session& s) {
         case DbErrorKind::Damaged:
         case DbErrorKind::NotADatabase: {
             // Found while opening: repaired without a warning first.
-            if (!s.db().repair() && !s.db().open()) {
+            if (!db(s).repair() && !db(s).open()) {
                 say(s,
                     "The Tallymere.db file has been successfully repaired. The database file may have been closed "
                     "improperly due to a system crash. Don't forget to make frequent backups of your data.",
@@ -87,20 +87,18 @@ bool ConnectDB(Session& s) {
     }
 }
 
-void CloseDB(Session& s) { s.db().close(); }
+void CloseDB(Session& s) { db(s).close(); }
 
-bool RepairDB(Session& s) { return !s.db().repair(); }
+bool RepairDB(Session& s) { return !db(s).repair(); }
 
 Recordset GetRecs(Session& s, std::string_view sql, const Params& params) {
     bool repaired = false;
     for (int attempts = 1;; ++attempts) {
         Recordset rs;
-        const DbError e = s.db().select(sql, params, rs);
+        const DbError e = db(s).select(sql, params, rs);
         switch (e.kind) {
         case DbErrorKind::None: return rs;
-        case DbErrorKind::MissingFile:
-            say(s, kMissingFileConnect, MsgIcon::Critical);
-            s.endProgram();
+        case DbErrorKind::MissingFile: say(s, kMissingFileConnect, MsgIcon::Critical); s.endProgram();
         case DbErrorKind::NotWritable:
             say(s, kNotWritableConnect, MsgIcon::Exclamation, "Open Connection Error");
             return giveUp(s);
@@ -152,8 +150,8 @@ Recordset GetRecs(Session& s, std::string_view sql, const Params& params) {
 
 bool TryGetRecs(Session& s, std::string_view sql, Recordset& out, const Params& params) {
     out = Recordset();
-    DbError e = s.db().select(sql, params, out);
-    if (e.kind == DbErrorKind::NoConnection && !(e = s.db().open())) e = s.db().select(sql, params, out);
+    DbError e = db(s).select(sql, params, out);
+    if (e.kind == DbErrorKind::NoConnection && !(e = db(s).open())) e = db(s).select(sql, params, out);
     const std::string path = s.DatabasePath();
     switch (e.kind) {
     case DbErrorKind::None: return !s.ExitNow;
@@ -196,22 +194,79 @@ bool TryGetRecs(Session& s, std::string_view sql, Recordset& out, const Params& 
 }
 
 namespace {
+// After a failed statement the engine may have ended the transaction on its own; the rest of the
+// action must not go on writing outside it.
+bool abandonedTransaction(Session& s) { return db(s).inTransaction() && db(s).transactionFailed(); }
+
 bool runOnShared(Session& s, const char* operation, std::string_view sql, const Params& params) {
-    DbError e = s.db().execute(sql, params);
+    if (abandonedTransaction(s)) return false;
+    DbError e = db(s).execute(sql, params);
     // Writing after the connection was closed around a copy reopens it, as a read does, rather than
     // losing the change.
-    if (e.kind == DbErrorKind::NoConnection && !(e = s.db().open())) e = s.db().execute(sql, params);
+    if (e.kind == DbErrorKind::NoConnection && !(e = db(s).open())) e = db(s).execute(sql, params);
     return e ? actionFailed(s, operation, e) : true;
 }
 }  // namespace
 
-bool InsertRecs(Session& s, std::string_view sql, const Params& params) { return runOnShared(s, "InsertRecs", sql, params); }
+bool InsertRecs(Session& s, std::string_view sql, const Params& params) {
+    return runOnShared(s, "InsertRecs", sql, params);
+}
 
-bool DeleteRecs(Session& s, std::string_view sql, const Params& params) { return runOnShared(s, "DeleteRecs", sql, params); }
+bool DeleteRecs(Session& s, std::string_view sql, const Params& params) {
+    return runOnShared(s, "DeleteRecs", sql, params);
+}
 
 bool UdateRecs(Session& s, std::string_view sql, const Params& params) {
-    const DbError e = s.db().executeOwn(sql, params);
+    if (abandonedTransaction(s)) return false;
+    const DbError e = db(s).executeOwn(sql, params);
     return e ? actionFailed(s, "UdateRecs", e) : true;
+}
+
+Transaction::Transaction(Session& s) : s_(s) {
+    DbError e = db(s).begin();
+    if (e.kind == DbErrorKind::NoConnection && !(e = db(s).open())) e = db(s).begin();
+    if (e) {
+        // Nothing can be written safely; the statements of the action will fail on their own and
+        // commit() reports it.
+        actionFailed(s, "BeginTrans", e);
+        return;
+    }
+    open_ = true;
+    outermost_ = db(s).transactionDepth() == 1;
+}
+
+Transaction::~Transaction() {
+    if (!open_) return;
+    if (outermost_) {
+        db(s_).rollback();
+    } else {
+        db(s_).markTransactionAbandoned();
+        db(s_).commit();  // only counts the nesting down; the outer one rolls back
+    }
+}
+
+bool Transaction::failed() const { return !open_ || db(s_).transactionFailed(); }
+
+bool Transaction::commit() {
+    if (!open_) return false;
+    open_ = false;
+    if (!outermost_) {
+        const bool ok = !db(s_).transactionFailed();
+        db(s_).commit();
+        return ok;
+    }
+    const bool statementFailed = db(s_).transactionFailed();
+    if (statementFailed || db(s_).transactionAbandoned()) {
+        db(s_).rollback();
+        if (statementFailed) say(s_, kNothingSaved, MsgIcon::Exclamation);
+        return false;
+    }
+    if (const DbError e = db(s_).commit()) {
+        actionFailed(s_, "CommitTrans", e);
+        say(s_, kNothingSaved, MsgIcon::Exclamation);
+        return false;
+    }
+    return true;
 }
 
 std::string boundText(std::string_view text) { return cutTo255(common::trimView(text)); }

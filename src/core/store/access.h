@@ -40,6 +40,30 @@ bool DeleteRecs(Session& s, std::string_view sql, const Params& params = {});
 // spelled so, in the message too.
 bool UdateRecs(Session& s, std::string_view sql, const Params& params = {});
 
+// One user action that writes several statements: all of it happens or none of it. While it is open,
+// InsertRecs, DeleteRecs and UdateRecs (which otherwise has a connection of its own) all write through
+// the one transaction, and reads see its writes. A nested Transaction joins the outer one.
+// A statement that fails inside marks it failed; commit() then rolls everything back, tells the user
+// once that nothing was saved, and returns false. Leaving the scope without commit() rolls back
+// silently (Cancel, an early return, an exception); inside an outer one it makes the outer fail too.
+class Transaction {
+public:
+    explicit Transaction(Session& s);
+    ~Transaction();
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+
+    // True when everything was written.
+    bool commit();
+    // A statement inside has failed already: the action may as well stop.
+    bool failed() const;
+
+private:
+    Session& s_;
+    bool open_ = false;
+    bool outermost_ = false;
+};
+
 // Makes a value fit for a quoted SQL text literal: NULL gives empty text, otherwise trimmed, cut to
 // 255 characters, then every single quote doubled (so the result can be longer than 255).
 std::string chkfld(const Value& v);

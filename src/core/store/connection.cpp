@@ -13,8 +13,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr int kBusyTimeoutMs = 5000;
-
 bool fileIsReadOnly(const std::string& path) {
     std::error_code ec;
     const auto perms = fs::status(path, ec).permissions();
@@ -61,7 +59,8 @@ DbError Connection::errorFrom(int code, sqlite3* db, std::string_view what) {
     return e;
 }
 
-std::unique_ptr<Connection> Connection::open(const std::string& path, DbError& error, bool checkApplication) {
+std::unique_ptr<Connection> Connection::open(const std::string& path, DbError& error, bool checkApplication,
+                                             int busyTimeoutMs) {
     error = {};
     std::error_code ec;
     if (!fs::is_regular_file(path, ec)) {
@@ -81,7 +80,7 @@ std::unique_ptr<Connection> Connection::open(const std::string& path, DbError& e
     }
     std::unique_ptr<Connection> c(new Connection(db));
     sqlite3_extended_result_codes(db, 1);
-    sqlite3_busy_timeout(db, kBusyTimeoutMs);
+    sqlite3_busy_timeout(db, busyTimeoutMs);
     if (!registerSqlFunctions(db)) {
         error = {DbErrorKind::Other, SQLITE_ERROR, "The program's SQL functions could not be registered."};
         return nullptr;

@@ -3,17 +3,22 @@
 #include "common/session.h"
 #include "store/connection.h"
 
+#include <sqlite3.h>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <limits>
-#include <sqlite3.h>
 
 namespace tallymere::store {
 
 namespace fs = std::filesystem;
 
-Database::Database(common::Session& session) : session_(session) {}
+Database::Database(common::Session& session) : session_(session), busyTimeoutMs_(kBusyTimeoutMs) {}
+
+Database& db(common::Session& s) {
+    if (!s.storePart()) s.setStorePart(std::make_unique<Database>(s));
+    return static_cast<Database&>(*s.storePart());
+}
 Database::~Database() = default;
 
 bool Database::isOpen() const { return shared_ != nullptr; }
@@ -27,12 +32,13 @@ DbError Database::open() {
     if (auto e = injected("open", {})) return *e;
     close();
     DbError error;
-    shared_ = Connection::open(session_.DatabasePath(), error);
+    shared_ = Connection::open(session_.DatabasePath(), error, true, busyTimeoutMs_);
     if (shared_) shared_->setCaching(caching_);
     return error;
 }
 
 void Database::close() {
+    rollback();
     if (shared_) preparedClosed_ += shared_->preparedCount();
     if (own_) preparedClosed_ += own_->preparedCount();
     shared_.reset();
@@ -54,13 +60,51 @@ DbError Database::execute(std::string_view sql, const Params& params) {
 
 DbError Database::executeOwn(std::string_view sql, const Params& params) {
     if (auto e = injected("executeOwn", sql)) return *e;
+    if (depth_ > 0 && shared_) return shared_->execute(sql, params);
     if (!own_) {
         DbError error;
-        own_ = Connection::open(session_.DatabasePath(), error);
+        own_ = Connection::open(session_.DatabasePath(), error, true, busyTimeoutMs_);
         if (!own_) return error;
         own_->setCaching(caching_);
     }
     return own_->execute(sql, params);
+}
+
+DbError Database::begin() {
+    if (depth_ > 0) {
+        ++depth_;
+        return {};
+    }
+    if (auto e = injected("begin", {})) return *e;
+    if (!shared_) return {DbErrorKind::NoConnection, 0, "No connection to the database is open."};
+    // IMMEDIATE takes the write lock now, so that a copy on another machine writing at the same time
+    // makes this one wait (busy timeout) instead of failing half way through the action.
+    if (DbError e = shared_->executeScript("BEGIN IMMEDIATE")) return e;
+    depth_ = 1;
+    failed_ = abandoned_ = false;
+    return {};
+}
+
+DbError Database::commit() {
+    if (depth_ == 0) return {};
+    if (--depth_ > 0) return {};
+    failed_ = abandoned_ = false;
+    if (auto e = injected("commit", {})) {
+        shared_->executeScript("ROLLBACK");
+        return *e;
+    }
+    if (DbError e = shared_->executeScript("COMMIT")) {
+        shared_->executeScript("ROLLBACK");
+        return e;
+    }
+    return {};
+}
+
+void Database::rollback() {
+    if (depth_ == 0) return;
+    depth_ = 0;
+    failed_ = abandoned_ = false;
+    if (shared_) shared_->executeScript("ROLLBACK");
 }
 
 std::size_t Database::preparedCount() const {
@@ -162,7 +206,8 @@ DbError Database::repair() {
     close();
     const std::string path = session_.DatabasePath();
     std::error_code ec;
-    if (!fs::is_regular_file(path, ec)) return {DbErrorKind::MissingFile, SQLITE_CANTOPEN, "The file " + path + " does not exist."};
+    if (!fs::is_regular_file(path, ec))
+        return {DbErrorKind::MissingFile, SQLITE_CANTOPEN, "The file " + path + " does not exist."};
 
     sqlite3* damaged = nullptr;
     if (sqlite3_open_v2(path.c_str(), &damaged, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK) {
@@ -214,8 +259,10 @@ DbError Database::repair() {
         fs::remove(rebuilt, ec);
         return {DbErrorKind::Damaged, SQLITE_CORRUPT, "Nothing could be read from " + path + "."};
     }
-    sqlite3_exec(fresh, ("PRAGMA journal_mode=DELETE; PRAGMA application_id=" + std::to_string(kApplicationId) + "; BEGIN;").c_str(),
-                 nullptr, nullptr, nullptr);
+    sqlite3_exec(
+        fresh,
+        ("PRAGMA journal_mode=DELETE; PRAGMA application_id=" + std::to_string(kApplicationId) + "; BEGIN;").c_str(),
+        nullptr, nullptr, nullptr);
     for (const auto& [name, sql] : tables) {
         sqlite3_exec(fresh, sql.c_str(), nullptr, nullptr, nullptr);
         salvageTable(damaged, fresh, name);

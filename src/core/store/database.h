@@ -13,9 +13,7 @@
 #include <string>
 #include <string_view>
 
-namespace tallymere::common {
-class Session;
-}
+#include "common/session.h"
 
 namespace tallymere::store {
 
@@ -25,7 +23,7 @@ class Connection;
 // told apart from ours.
 inline constexpr int kApplicationId = 0x544C4D52;  // "TLMR"
 
-class Database {
+class Database : public common::SessionPart {
 public:
     explicit Database(common::Session& session);
     ~Database();
@@ -42,11 +40,33 @@ public:
     // while the shared connection is closed.
     DbError executeOwn(std::string_view sql, const Params& params);
 
+    // One transaction on the shared connection. While it is open the update path writes through it
+    // too: a second connection would wait on the first one's lock until its timeout. Nested begins
+    // are counted; only the outermost one commits or rolls back.
+    DbError begin();
+    DbError commit();
+    void rollback();
+    bool inTransaction() const { return depth_ > 0; }
+    int transactionDepth() const { return depth_; }
+    // Set by the access layer when a statement inside the open transaction failed, or a nested one
+    // was left without its commit; cleared when the outermost one ends.
+    void markTransactionFailed() {
+        if (depth_ > 0) failed_ = true;
+    }
+    bool transactionFailed() const { return failed_; }
+    void markTransactionAbandoned() { abandoned_ = true; }
+    bool transactionAbandoned() const { return abandoned_; }
+
     // Verifies the file and, when it is damaged, rebuilds it from what can be read. The damaged
     // original is kept beside it under the name returned by damagedCopyPath(). Closes both
     // connections first.
     DbError repair();
     static std::string damagedCopyPath(const std::string& databasePath);
+
+    // How long the connections and the repair wait for another connection's lock (kBusyTimeoutMs
+    // unless set); applies to connections opened after the change.
+    void setBusyTimeout(int ms) { busyTimeoutMs_ = ms; }
+    int busyTimeout() const { return busyTimeoutMs_; }
 
     // How often a statement text was prepared, on all connections (statements are cached by text).
     std::size_t preparedCount() const;
@@ -65,7 +85,14 @@ private:
     std::unique_ptr<Connection> own_;
     FaultInjector faults_;
     bool caching_ = true;
+    int busyTimeoutMs_;
+    int depth_ = 0;
+    bool failed_ = false;
+    bool abandoned_ = false;
     std::size_t preparedClosed_ = 0;  // prepares counted on connections since closed
 };
+
+// The session's database, made on first use.
+Database& db(common::Session& s);
 
 }  // namespace tallymere::store

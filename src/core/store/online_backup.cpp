@@ -14,8 +14,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr int kBusyTimeoutMs = 5000;
-
 void removeQuietly(const std::string& path) {
     std::error_code ec;
     fs::remove(path, ec);

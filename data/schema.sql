@@ -71,8 +71,11 @@ CREATE TABLE sched (
     comment  TEXT COLLATE NOCASE,
     sname    TEXT COLLATE NOCASE
 );
+-- The day of a schedule file, an employee's days, and a day in every file (the daily window's marks
+-- when conflicts count across all schedules).
 CREATE INDEX sched_day ON sched (sname, sday);
 CREATE INDEX sched_person ON sched (personid, sday);
+CREATE INDEX sched_date ON sched (sday);
 
 CREATE TABLE scheddefault (
     personid  INTEGER,
@@ -111,7 +114,7 @@ CREATE TABLE availability (
     sday      TEXT COLLATE NOCASE,
     houravail TEXT COLLATE NOCASE
 );
-CREATE INDEX availability_person ON availability (personid);
+CREATE INDEX availability_person_day ON availability (personid, sday);
 
 CREATE TABLE desiredshift (
     id         INTEGER PRIMARY KEY AUTOINCREMENT,
@@ -131,6 +134,7 @@ CREATE TABLE employeeleave (
     sday        DATE
 );
 CREATE INDEX employeeleave_person ON employeeleave (personid, sday);
+CREATE INDEX employeeleave_day ON employeeleave (sday);
 
 CREATE TABLE leavetypes (
     type TEXT COLLATE NOCASE

@@ -25,6 +25,7 @@ const ShiftDef kShifts[] = {{"Open", 6, 8}, {"Day", 9, 8}, {"Mid", 11, 6}, {"Swi
 
 LargeBusiness::LargeBusiness(LargeBusinessSize size)
     : clock_(DateTime::fromParts(2026, 11, 23, 9, 0)), firstDay_(Date::fromYmd(2026, 1, 1)), size_(size) {
+    if (size_.years > 0) size_.days = static_cast<int>(common::daysBetween(firstDay_, firstDay_.addYears(size_.years)));
     folder_ = fs::temp_directory_path() / ("tallymere-bench-" + std::to_string(::getpid()));
     fs::create_directories(folder_);
     session_ = std::make_unique<common::Session>(ui_, settings_, clock_);
@@ -53,7 +54,7 @@ LargeBusiness::LargeBusiness(LargeBusinessSize size)
                           {"Employee" + std::to_string(e), "First" + std::to_string(e), kPositions[e % 8],
                            std::to_string(10 + e % 15) + ".25", "40"});
     }
-    for (int d = 0; d < size.days; ++d) {
+    for (int d = 0; d < size_.days; ++d) {
         const Date day = firstDay_.addDays(d);
         for (int i = 0; i < size.entriesPerDay; ++i) {
             const int person = static_cast<int>(rng() % static_cast<unsigned>(size.employees)) + 2;  // 1 is the sample

@@ -1,6 +1,7 @@
 #pragma once
 // A large business for the benchmarks: 250 active employees, positions, shifts and sections, and a
-// year of schedule entries in one schedule file, in a fresh database made from the template.
+// year (or as many years as asked) of schedule entries in one schedule file, in a fresh database made
+// from the template.
 
 #include "common/session.h"
 
@@ -37,6 +38,9 @@ struct LargeBusinessSize {
     int employees = 250;
     int days = 365;
     int entriesPerDay = 150;
+    // When set, the entries span this many years from the first day instead of `days`, and
+    // size().days gives the number of days that makes.
+    int years = 0;
 };
 
 class LargeBusiness {

@@ -4,11 +4,15 @@
 #include "store/access.h"
 #include "store/database.h"
 #include "store/template_builder.h"
+#include "support/other_connection.h"
 #include "support/test_database.h"
 
 #include <sqlite3.h>
+#include <atomic>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <thread>
 
 namespace tallymere::testing {
 namespace {
@@ -202,6 +206,50 @@ TEST_F(AccessTest, AnotherProgramsDatabaseIsNotTakenForOurs) {
     Recordset rs;
     EXPECT_FALSE(store::TryGetRecs(s(), "select * from options", rs));
     EXPECT_TRUE(ui.shown("The file " + s().DatabasePath() + " is not a valid Tallymere file."));
+}
+
+TEST_F(AccessTest, TheCheckTakesAFileInUseForInUseNotForDamage) {
+    store::CloseDB(s());
+    store::db(s()).setBusyTimeout(100);
+    const fs::path damaged = folder.path() / "Tallymere.damaged.db";
+    {
+        OtherConnection other(s().DatabasePath());
+        other.lockForWriting();
+        const DbError e = store::db(s()).repair();
+        EXPECT_EQ(e.kind, DbErrorKind::NotWritable) << e.description;
+        EXPECT_FALSE(fs::exists(damaged));
+        EXPECT_EQ(other.release(), SQLITE_OK);
+    }
+    // The other copy's write went into the live file, which the check left where it was.
+    EXPECT_TRUE(store::RepairDB(s()));
+    EXPECT_EQ(GetRecs(s(), "select optionvalue from options where optionname = ?", {"othercopy"})["optionvalue"].text(),
+              "other copy");
+    EXPECT_FALSE(fs::exists(damaged));
+}
+
+TEST_F(AccessTest, ChecksWhileAnotherCopyKeepsWritingLoseNothing) {
+    store::CloseDB(s());
+    std::atomic<bool> stop{false};
+    int written = 0;
+    // Short write transactions with short pauses, as another machine saving entries one by one.
+    std::thread writer([&] {
+        OtherConnection other(s().DatabasePath());
+        while (!stop) {
+            other.exec("BEGIN EXCLUSIVE");
+            other.exec("insert into section (name) values ('w" + std::to_string(written) + "')");
+            std::this_thread::sleep_for(std::chrono::microseconds(700));
+            if (other.release() == SQLITE_OK) ++written;
+            std::this_thread::sleep_for(std::chrono::microseconds(300));
+        }
+    });
+    int sound = 0;
+    for (int i = 0; i < 60; ++i) sound += store::RepairDB(s()) ? 1 : 0;
+    stop = true;
+    writer.join();
+    EXPECT_EQ(sound, 60);
+    EXPECT_FALSE(fs::exists(folder.path() / "Tallymere.damaged.db"));
+    EXPECT_EQ(GetRecs(s(), "select * from section where name like 'w*'").RecordCount(),
+              static_cast<std::size_t>(written));
 }
 
 class DamagedDatabaseTest : public DatabaseTest {

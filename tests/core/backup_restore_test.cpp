@@ -6,12 +6,15 @@
 #include "store/connection.h"
 #include "store/online_backup.h"
 #include "store/options.h"
+#include "support/other_connection.h"
 #include "support/test_database.h"
 
 #include <algorithm>
+#include <chrono>
 #include <fstream>
 #include <sstream>
 #include <system_error>
+#include <thread>
 
 namespace tallymere::testing {
 namespace {
@@ -132,6 +135,32 @@ TEST(OnlineBackup, AFailedCopyLeavesTheTargetAndOnlyOurIdMarksADatabase) {
     EXPECT_FALSE(store::isTallymereDatabaseFile(target.string()));
 }
 
+TEST(OnlineBackup, ACopyTakenDuringAnotherProgramsWriteHoldsOnlyWhatWasCommitted) {
+    TempFolder dir;
+    const fs::path live = dir.path() / "Tallymere.db";
+    fs::copy_file(templatePath(), live);
+    OtherConnection writer(live.string());
+    writer.exec("PRAGMA cache_size=10");
+    ASSERT_EQ(writer.exec("BEGIN"), SQLITE_OK);
+    ASSERT_EQ(writer.exec("with recursive n(i) as (select 1 union all select i + 1 from n where i < 400) "
+                          "insert into section (name, description) select 'unsaved', hex(randomblob(200)) from n"),
+              SQLITE_OK);
+    // The write is big enough to be in the file already, its journal beside it: a plain copy of the
+    // file now holds pages that were never committed.
+    const std::string plain = readFile(live);
+    std::thread rollBack([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(200));
+        writer.exec("ROLLBACK");
+    });
+    const store::DbError e = store::backupDatabaseFile(live.string(), (dir.path() / "Tallymere.bak").string());
+    rollBack.join();
+    EXPECT_FALSE(e) << e.description;
+    EXPECT_FALSE(plain == readFile(live));
+    OtherConnection bak((dir.path() / "Tallymere.bak").string());
+    EXPECT_EQ(bak.value("pragma quick_check"), "ok");
+    EXPECT_EQ(bak.value("select count(*) from section where name = 'unsaved'"), "0");
+}
+
 TEST_F(BackupRestoreTest, RestoreRefusesAMissingOrForeignDatabaseBeforeCopyingAnything) {
     const std::string before = readFile(s().DatabasePath());
     pressRestore(elsewhere.str());
@@ -156,6 +185,45 @@ TEST_F(BackupRestoreTest, RestoreKeepsTheOldDataAsTmpAndEndsTheProgram) {
     EXPECT_EQ(last().title, "Restore Complete");
     EXPECT_EQ(userSettings.get("Backuplocation"), elsewhere.str());
     EXPECT_EQ(marker(folder.path()), "backed up");
+    fs::rename(inData("Tallymere.tmp"), elsewhere.path() / "Tallymere.db");
+    EXPECT_EQ(marker(elsewhere.path()), "live");
+}
+
+TEST_F(BackupRestoreTest, RestoreRefusesWhileAnotherCopyIsInTheFileAndChangesNothing) {
+    store::SaveOption(s(), "marker", "live");
+    marker(elsewhere.path(), "backed up");
+    store::CloseDB(s());
+    store::db(s()).setBusyTimeout(100);
+    const std::string before = readFile(s().DatabasePath());
+    for (bool writing : {false, true}) {
+        OtherConnection other(s().DatabasePath());
+        if (writing)
+            other.lockForWriting();
+        else
+            other.holdForReading();
+        EXPECT_NO_THROW(pressRestore(elsewhere.str()));
+        EXPECT_EQ(last().text,
+                  "Unable to restore data. Make sure no other users are connected to the Tallymere database.");
+        EXPECT_EQ(last().title, "Error on Restore");
+        EXPECT_FALSE(s().endRequested());
+        EXPECT_TRUE(readFile(s().DatabasePath()) == before);
+        EXPECT_FALSE(fs::exists(inData("Tallymere.tmp")));
+    }
+    EXPECT_EQ(marker(folder.path()), "live");
+    EXPECT_EQ(userSettings.get("Backuplocation"), "");
+}
+
+TEST_F(BackupRestoreTest, ACopyStillConnectedAfterARestoreWritesIntoTheRestoredData) {
+    store::SaveOption(s(), "marker", "live");
+    marker(elsewhere.path(), "backed up");
+    store::CloseDB(s());
+    OtherConnection other(s().DatabasePath());
+    EXPECT_EQ(other.value("select optionvalue from options where optionname = 'marker'"), "live");
+    EXPECT_THROW(pressRestore(elsewhere.str()), common::ProgramEnd);
+    // It sees the restored data, and what it writes next is not lost with the old file.
+    EXPECT_EQ(other.value("select optionvalue from options where optionname = 'marker'"), "backed up");
+    EXPECT_EQ(other.exec("update options set optionvalue = 'after' where optionname = 'marker'"), SQLITE_OK);
+    EXPECT_EQ(marker(folder.path()), "after");
     fs::rename(inData("Tallymere.tmp"), elsewhere.path() / "Tallymere.db");
     EXPECT_EQ(marker(elsewhere.path()), "live");
 }

@@ -10,11 +10,21 @@ namespace {
 
 using common::Date;
 using common::DateTime;
-using payroll::GetDailyHours;
-using payroll::GetDailyLaborCost;
+using payroll::DayReads;
 
 class DayFiguresTest : public ScheduleTest {
 protected:
+    // Each figure by both ways of reading, which must agree.
+    double GetDailyLaborCost(common::Session& s, Date day) {
+        const double batched = payroll::GetDailyLaborCost(s, day, DayReads::Batched);
+        EXPECT_DOUBLE_EQ(batched, payroll::GetDailyLaborCost(s, day, DayReads::PerRow));
+        return batched;
+    }
+    double GetDailyHours(common::Session& s, Date day) {
+        const double batched = payroll::GetDailyHours(s, day, DayReads::Batched);
+        EXPECT_DOUBLE_EQ(batched, payroll::GetDailyHours(s, day, DayReads::PerRow));
+        return batched;
+    }
     long addPerson(const std::string& lname, const store::Value& rate, bool active = true) {
         EXPECT_TRUE(store::InsertRecs(s(), "insert into person (lname,active,hourlyrate) values(?,?,?)",
                                       {lname, active, rate}));
@@ -64,7 +74,7 @@ TEST_F(DayFiguresTest, OnlyTheEmployeesOwnRateAndOnlyTheDayOfTheCurrentFileCount
     EXPECT_DOUBLE_EQ(GetDailyHours(s(), kDay), 4.0);
 }
 
-TEST_F(DayFiguresTest, TheStatementRunForEachEntryIsPreparedOnce) {
+TEST_F(DayFiguresTest, TheStatementsAreEachPreparedOnce) {
     const long cook = addPerson("Cook", "10");
     for (int i = 0; i < 20; ++i) addEntry(cook, i % 12, 30);
     GetDailyHours(s(), kDay);

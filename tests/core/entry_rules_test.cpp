@@ -118,10 +118,11 @@ TEST_F(EntryRulesTest, ConflictsOnTheDayAndItsNeighboursAreTheSameSpokenOrSilent
     }
 }
 
-TEST_F(EntryRulesTest, MessagesUseTheReportNameAndDateFormats) {
+TEST_F(EntryRulesTest, MessagesUseTheReportNameAndTheDisplayDateFormat) {
     addEntry(at(-1, 22), at(0, 6));
     s().settings.gs_ReportNameFormat = "J. Smith";
-    s().settings.reportdateformat = "yyyy-mm-dd";
+    s().settings.reportdateformat = "dd-mmm-yyyy";  // reports only
+    s().displayDateFormat = "yyyy-mm-dd";
     EXPECT_TRUE(check(at(0, 5), at(0, 9)));
     EXPECT_TRUE(ui.shown("A. Lee is scheduled for a conflicting time on 2026-11-22."));
     ui.clear();

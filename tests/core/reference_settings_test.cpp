@@ -154,10 +154,6 @@ TEST_F(ReferenceTest, NamesAreRequiredAndUniqueWithoutRegardToCase) {
                                  "The start time is greater than the endtime. Is the end time the next day?",
                                  "Shift night already exists.", "No Position Title was entered",
                                  "Position Cook already exists.", "The section 'BAR' already exists."}));
-
-    edit.name = "DAY";  // the shift itself, in other letters
-    EXPECT_TRUE(edit.ok());
-    EXPECT_EQ(column("select name from shift order by name"), (Texts{"DAY", "Night"}));
 }
 
 TEST_F(ReferenceTest, ShiftRenameCarriesOnExceptToStaffingAndKeepsEntryTimes) {

@@ -14,95 +14,8 @@ using store::GetRecs;
 using store::InsertRecs;
 using store::Params;
 using store::Recordset;
-using store::translateSql;
 using store::UdateRecs;
 using store::Value;
-
-// Runs of blanks collapsed, so expectations need not count the blanks a rewrite leaves behind.
-std::string squeezed(std::string_view sql) {
-    std::string r;
-    for (const char c : sql)
-        if (c != ' ' || r.empty() || r.back() != ' ') r += c;
-    return r;
-}
-
-std::string tr(std::string_view sql) { return squeezed(translateSql(sql)); }
-
-// ---- translation --------------------------------------------------------------------------------
-
-TEST(SqlDialectTranslate, LiteralsAreRewrittenOutsideStringsOnly) {
-    // Double-quoted texts become single-quoted, with their quotes sorted out.
-    EXPECT_EQ(tr(R"(update t set a = "it's", b = "say ""hi""", c = "" where d = 'x')"),
-              R"(update t set a = 'it''s', b = 'say "hi"', c = '' where d = 'x')");
-    // Nothing inside a single-quoted text is touched: quotes, ?, #, !, true, &.
-    const std::string inside = R"(update t set a = 'it''s "true" & #1/2/2026# a!b ?' where b = ?)";
-    EXPECT_EQ(translateSql(inside), inside);
-    // Bracketed names stay, and so do their contents.
-    EXPECT_EQ(tr("update t set [a] = 1 where [true] = \"x\""), "update t set [a] = 1 where [true] = 'x'");
-    // Comments keep quotes that would otherwise open a literal.
-    EXPECT_EQ(tr("update t set a = true -- don't\n where b = false"), "update t set a = 1 -- don't\n where b = 0");
-}
-
-TEST(SqlDialectTranslate, JetOperatorsAndNames) {
-    EXPECT_EQ(tr("update sched set x = 1 where sched!schedid = ? and [sched]![sname] <> ? and y != 2"),
-              "update sched set x = 1 where sched.schedid = ? and [sched].[sname] <> ? and y != 2");
-    EXPECT_EQ(tr("update person set active=TRUE where active = False and istrue = 1"),
-              "update person set active=1 where active = 0 and istrue = 1");
-    EXPECT_EQ(tr("update t set a = lname & ', ' & fname"), "update t set a = lname || ', ' || fname");
-    EXPECT_EQ(tr("update t set a = UCase(b), c = lcase(d), e = Len(f), g = mid(h, 2, 3), len = 1"),
-              "update t set a = upper(b), c = lower(d), e = length(f), g = substr(h, 2, 3), len = 1");
-    EXPECT_EQ(tr("select distinctrow a from t"), "select distinct a from t");
-    EXPECT_EQ(tr("select top 3 * from sched where sday = ?"), "select * from sched where sday = ? order by rowid limit 3");
-    EXPECT_EQ(tr("update options set options.optionvalue='0' where options.optionname=?"),
-              "update options set optionvalue='0' where options.optionname=?");
-    EXPECT_EQ(tr("update t set t!a = 1, [t].[b] = t.c where t.d = 2"), "update t set a = 1, [b] = t.c where t.d = 2");
-}
-
-TEST(SqlDialectTranslate, DateLiteralsBecomeIsoText) {
-    EXPECT_EQ(tr("delete from sched where sday = #11/23/2026#"), "delete from sched where sday = '2026-11-23'");
-    EXPECT_EQ(tr("delete from sched where sday >= #1/2/26# and sday <=#12/31/1999#"),
-              "delete from sched where sday >= '2026-01-02' and sday <='1999-12-31'");
-    EXPECT_EQ(tr("delete from t where a = #11/23/2026 10:05 PM# or a = #11/23/2026 12:30 am#"),
-              "delete from t where a = '2026-11-23 22:05:00' or a = '2026-11-23 00:30:00'");
-    EXPECT_EQ(tr("delete from t where a = #2026-11-23 22:00# or a = #12:00 PM# or a = #2026-11-23#"),
-              "delete from t where a = '2026-11-23 22:00:00' or a = '1899-12-30 12:00:00' or a = '2026-11-23'");
-    // Not a date: left for the engine to refuse.
-    EXPECT_EQ(tr("delete from t where a = #13/45/2026#"), "delete from t where a = #13/45/2026#");
-}
-
-TEST(SqlDialectTranslate, SingleTableSelectsWithoutOrderGetKeyOrder) {
-    const std::vector<std::pair<std::string, std::string>> added = {
-        {"select * from sched", "select * from sched order by rowid"},
-        {"select * from sched ", "select * from sched order by rowid "},
-        {"select * from sched;", "select * from sched order by rowid;"},
-        {"select * from sched s where s.sday = ? limit 5", "select * from sched s where s.sday = ? order by rowid limit 5"},
-        {"SELECT * From person WHERE active= true and primpos=? or personid in (select personid from qualifications "
-         "where position=?)",
-         "SELECT * From person WHERE active= 1 and primpos=? or personid in (select personid from qualifications "
-         "where position=?) order by rowid"},
-    };
-    for (const auto& [in, out] : added) EXPECT_EQ(tr(in), out) << in;
-
-    const std::vector<std::string> unchanged = {
-        "select * from sched where sname=? order by sday",
-        "select * from sched where personid in (select personid from person) order by lname",
-        "SELECT Sum(DateDiff('n',[strttime],[endtime])/60) AS Expr2 from sched where sday = ?",
-        "select Sum(x) as s from sched where sday = ? GROUP BY sched.PersonID Having sched.personid =?",
-        "select count(position) as numsched from sched where sday=? group by position",
-        "select count(*) from sched",
-        "select lname, (select count(*) from sched) from person",
-        "select distinct daynum from scheddefault",
-        "select * from sched inner join person on sched.personid = person.personid",
-        "select * from sched, person where sched.personid = person.personid",
-        "select * from sched union select * from schedpaste",
-        "select * from (select * from sched)",
-        "select weekdayname(1)",
-        "insert into sched select * from schedpaste",
-        "delete from sched where schedid in (select savedid from schedpaste)",
-        "PRAGMA application_id",
-    };
-    for (const auto& sql : unchanged) EXPECT_EQ(translateSql(sql), sql);
-}
 
 TEST(SqlDialectLike, JetPatterns) {
     struct Case {
@@ -111,12 +24,23 @@ TEST(SqlDialectLike, JetPatterns) {
         bool matches;
     };
     const Case cases[] = {
-        {"mainform*", "MainFormTop", true}, {"*", "", true},           {"?", "", false},
-        {"a*b*c", "aXXbYYbc", true},        {"a*b*c", "aXXbYYbcd", false}, {"key#", "key7", true},
-        {"key#", "keyx", false},            {"[a-c]x", "Bx", true},      {"[!a-c]x", "bx", false},
-        {"[!a-c]x", "dx", true},            {"[*]*", "*star", true},     {"[*]*", "star", false},
+        {"mainform*", "MainFormTop", true},
+        {"*", "", true},
+        {"?", "", false},
+        {"a*b*c", "aXXbYYbc", true},
+        {"a*b*c", "aXXbYYbcd", false},
+        {"key#", "key7", true},
+        {"key#", "keyx", false},
+        {"[a-c]x", "Bx", true},
+        {"[!a-c]x", "bx", false},
+        {"[!a-c]x", "dx", true},
+        {"[*]*", "*star", true},
+        {"[*]*", "star", false},
         // % and _ are plain characters; an unclosed bracket is one too.
-        {"gs_*", "gs_x", true}, {"gs_*", "gsax", false}, {"100%", "1000", false}, {"a[b", "a[b", true},
+        {"gs_*", "gs_x", true},
+        {"gs_*", "gsax", false},
+        {"100%", "1000", false},
+        {"a[b", "a[b", true},
         {"caf?", "caf\xC3\xA9", true},  // one ? is one character, not one byte
     };
     for (const Case& c : cases) EXPECT_EQ(store::jetLike(c.pattern, c.text), c.matches) << c.pattern << " ~ " << c.text;
@@ -128,7 +52,8 @@ TEST(SqlDialectLike, JetPatterns) {
 
 class SqlDialectDb : public DatabaseTest {
 protected:
-    void addEntry(const std::string& lname, long personid, DateTime start, DateTime end, const std::string& sname = "Main") {
+    void addEntry(const std::string& lname, long personid, DateTime start, DateTime end,
+                  const std::string& sname = "Main") {
         ASSERT_TRUE(InsertRecs(s(),
                                "insert into sched (lname,fname,personid,sday,strttime,endtime,position,shift,section,"
                                "comment,sname) values(?,?,?,?,?,?,?,?,?,?,?)",
@@ -165,8 +90,10 @@ TEST_F(SqlDialectDb, HoursAreFractionalMinutesOverSixty) {
     addEntry("Bell", 2, at(23, 9, 0), at(23, 9, 45));
 
     const std::string sum = R"(SELECT Sum(DateDiff("n",[strttime],[endtime])/60) AS Expr2 from sched )";
-    Recordset rs = GetRecs(s(), sum + "Where sched.sday >= ? and sday <=? and sname=? GROUP BY sched.PersonID Having "
-                                      "sched.personid =?",
+    Recordset rs = GetRecs(s(),
+                           sum +
+                               "Where sched.sday >= ? and sday <=? and sname=? GROUP BY sched.PersonID Having "
+                               "sched.personid =?",
                            {at(23, 0, 0).date(), at(24, 0, 0).date(), "Main", 1});
     ASSERT_EQ(rs.RecordCount(), 1u);
     EXPECT_NEAR(rs["Expr2"].toDouble(), 1.5 + 4.0 + 20.0 / 60.0, 1e-9);
@@ -216,7 +143,8 @@ TEST_F(SqlDialectDb, LikeTakesJetWildcardsLiteralOrBound) {
 }
 
 TEST_F(SqlDialectDb, WeekdayNameInAnInsert) {
-    ASSERT_TRUE(InsertRecs(s(), "insert into options (optionname,optionvalue) values('firstdayofweek',weekdayname(1))"));
+    ASSERT_TRUE(
+        InsertRecs(s(), "insert into options (optionname,optionvalue) values('firstdayofweek',weekdayname(1))"));
     EXPECT_EQ(scalar("select optionvalue from options where optionname='firstdayofweek'").toText(), "Sunday");
     EXPECT_EQ(scalar("select weekdayname(7, true)").toText(), "Sat");
     EXPECT_EQ(scalar("select weekdayname(1, false, 2)").toText(), "Monday");
@@ -228,7 +156,8 @@ TEST_F(SqlDialectDb, ChkfldInsideSql) {
     ASSERT_TRUE(InsertRecs(s(), "insert into employeeleave (personid,fullname,typeofleave,sday) values(?,?,?,?)",
                            {7, "O'Brien, Pat", "Vacation", at(23, 0, 0).date()}));
     // The leave calendar compares the doubled form of the stored name with the doubled form of the text.
-    EXPECT_EQ(GetRecs(s(), "select * from person where active = true and chkfld(lname) = ?", {"O''Brien"}).RecordCount(), 1u);
+    EXPECT_EQ(
+        GetRecs(s(), "select * from person where active = true and chkfld(lname) = ?", {"O''Brien"}).RecordCount(), 1u);
     EXPECT_EQ(scalar("select chkfld('  it''s ''x''  ')").toText(), "it''s ''x''");
     EXPECT_EQ(scalar("select chkfld(null)").toText(), "");
     EXPECT_EQ(scalar("select chkfld(8.5)").toText(), "8.5");
@@ -282,6 +211,16 @@ TEST_F(SqlDialectDb, SingleTableReadsComeInKeyOrder) {
                   "qualifications where position=?)",
                   {"Cook", "Cook"}, "personid"),
               (std::vector<long>{2, 3}));
+}
+
+TEST_F(SqlDialectDb, TextLiteralsComeBackAsWrittenAndDateLiteralsAsStoredText) {
+    // Nothing inside a literal is rewritten: quotes, a placeholder mark, a date, a bang, true, &.
+    EXPECT_EQ(scalar(R"(select 'it''s "true" & #1/2/2026# a!b ?')").toText(), R"(it's "true" & #1/2/2026# a!b ?)");
+    EXPECT_EQ(scalar(R"(select "say ""hi""" & '' & "")").toText(), R"(say "hi")");
+    EXPECT_EQ(scalar("select #1/2/26# & ' ' & #11/23/2026 12:30 am# & ' ' & #12:00 PM#").toText(),
+              "2026-01-02 2026-11-23 00:30:00 1899-12-30 12:00:00");
+    EXPECT_EQ(scalar("select lcase('AB') & len('abc') & mid('abcdef', 2, 3)").toText(), "ab3bcd");
+    EXPECT_EQ(GetRecs(s(), "select distinctrow active from person").RecordCount(), 1u);
 }
 
 TEST_F(SqlDialectDb, JetFormsRunOnTheEngine) {

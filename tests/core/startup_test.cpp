@@ -4,11 +4,14 @@
 #include "store/options.h"
 #include "support/fake_main_form_host.h"
 #include "support/fake_platform.h"
+#include "support/other_connection.h"
 #include "support/table_rows.h"
 #include "support/test_database.h"
 
 #include <algorithm>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <utility>
@@ -76,6 +79,10 @@ protected:
     Rows options(const std::string& folder) {
         Direct d(folder);
         return column(d.s, "select optionname || '=' || ifnull(optionvalue, '<null>') from options order by 1");
+    }
+    static std::string readBytes(const std::string& path) {
+        std::ifstream in(path, std::ios::binary);
+        return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
     }
     bool hasDatabase(const std::string& folder) { return fs::exists(folder + "/" + Session::kDatabaseFileName); }
     // Records the engine operations of the session's database.
@@ -215,6 +222,74 @@ TEST_F(StartupTest, ASharedFolderIsNeitherRepairedNorCopied) {
     ASSERT_TRUE(form->Load());
     EXPECT_EQ(repairs(), 1);
     EXPECT_TRUE(fs::exists(dataFolder() + "/Tallymere.bak"));
+}
+
+TEST_F(StartupTest, AFileAnotherCopyIsWritingIsLeftAloneNotRepaired) {
+    placeDatabase(dataFolder());
+    laterStart(dataFolder());
+    const std::string file = dataFolder() + "/Tallymere.db";
+    const std::string before = readBytes(file);
+    {
+        OtherConnection other(file);
+        other.lockForWriting();
+        store::db(s()).setBusyTimeout(100);  // held for longer than the start waits
+        EXPECT_FALSE(form->Load());
+        EXPECT_EQ(ui.messages.front().title, "Open Connection Error");
+        EXPECT_EQ(readBytes(file), before);
+        EXPECT_EQ(other.release(), SQLITE_OK);
+    }
+    EXPECT_FALSE(fs::exists(dataFolder() + "/Tallymere.damaged.db"));
+    EXPECT_FALSE(fs::exists(dataFolder() + "/Tallymere.bak"));
+
+    // Once it is free the start goes on, on the file the other copy wrote to.
+    fresh();
+    ASSERT_TRUE(form->Load());
+    EXPECT_EQ(store::GetOption(s(), "othercopy"), "other copy");
+    EXPECT_FALSE(fs::exists(dataFolder() + "/Tallymere.damaged.db"));
+    OtherConnection bak(dataFolder() + "/Tallymere.bak");
+    EXPECT_EQ(bak.value("select optionvalue from options where optionname = 'othercopy'"), "other copy");
+}
+
+TEST_F(StartupTest, ADatabaseNamedInAnotherCaseIsTheOneOpened) {
+    placeDatabase(dataFolder(), {{"currentschedule", "Spring"}});
+    fs::rename(dataFolder() + "/Tallymere.db", dataFolder() + "/tallymere.db");
+    laterStart(dataFolder());
+    ASSERT_TRUE(form->Load());
+    EXPECT_EQ(s().DatabasePath(), dataFolder() + "/tallymere.db");
+    EXPECT_EQ(form->caption(), "Quillbrook Tallymere - Spring");
+    EXPECT_FALSE(fs::exists(dataFolder() + "/Tallymere.db"));
+    EXPECT_TRUE(fs::exists(dataFolder() + "/tallymere.bak"));
+    EXPECT_TRUE(ui.messages.empty());
+}
+
+TEST_F(StartupTest, TheDayColumnWidthIsWorkedOutFromThePageAndAStoredZeroGivesWayToIt) {
+    // Letter, portrait, margins of 720: (12240 - 1440 - 2160) / 7 days / 1440 inches.
+    const double letter = 8640.0 / 7 / 1440;
+    placeDatabase(dataFolder(), {{"gi_ReportColumnWidth", "0"}});
+    laterStart(dataFolder());
+    ASSERT_TRUE(form->Load());
+    EXPECT_DOUBLE_EQ(s().settings.gi_ReportColumnWidth, letter);
+    ASSERT_TRUE(form->mnuFExit_Click());
+    EXPECT_DOUBLE_EQ(std::stod(store::GetOption(s(), "gi_ReportColumnWidth")), letter);
+
+    // Unreadable is no failure of the report options: the page's width stands.
+    store::SaveOption(s(), "gi_ReportColumnWidth", "wide");
+    fresh();
+    ASSERT_TRUE(form->Load());
+    EXPECT_FALSE(ui.shown("Unable to load Tallymere Report Options."));
+    EXPECT_DOUBLE_EQ(s().settings.gi_ReportColumnWidth, letter);
+
+    // The options' page: A4 across, and a width the user chose is kept.
+    store::SaveOption(s(), "gi_ReportColumnWidth", "");
+    store::SaveOption(s(), "orientation", "2");
+    store::SaveOption(s(), "gs_PaperSize", "9");
+    fresh();
+    ASSERT_TRUE(form->Load());
+    EXPECT_DOUBLE_EQ(s().settings.gi_ReportColumnWidth, (16838.0 - 1440 - 2160) / 7 / 1440);
+    store::SaveOption(s(), "gi_ReportColumnWidth", "1.25");
+    fresh();
+    ASSERT_TRUE(form->Load());
+    EXPECT_DOUBLE_EQ(s().settings.gi_ReportColumnWidth, 1.25);
 }
 
 TEST_F(StartupTest, LastScheduleOpensByNameOrAsksForOne) {

@@ -22,7 +22,7 @@ DataLocationDialog::DataLocationDialog(Kind kind, common::Session& session, cons
         setObjectName(QStringLiteral("SetDataLocation"));
         setWindowTitle(QStringLiteral("Set Data Location"));
         layout->addWidget(parts::text(this, QString::fromUtf8(SetDataLocation::kNetworkNote)));
-        layout->addWidget(parts::text(this, QString::fromUtf8(SetDataLocation::kSingleMachineNote)));
+        layout->addWidget(parts::text(this, QString::fromUtf8(SetDataLocation::kAccountsNote)));
     } else {
         model_ = std::make_unique<SetDataLocationStart>(session, defaultFolder);
         setObjectName(QStringLiteral("SetDataLocationStart"));

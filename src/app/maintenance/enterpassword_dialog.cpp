@@ -9,8 +9,8 @@
 
 namespace tallymere::app {
 
-EnterPasswordDialog::EnterPasswordDialog(common::Session& session, QWidget* parent)
-    : QDialog(parent), model_(session), password_(new QLineEdit(this)) {
+EnterPasswordDialog::EnterPasswordDialog(common::Session& session, QWidget* parent, Prompt prompt)
+    : QDialog(parent), model_(session, prompt == Prompt::OwnerOnly), password_(new QLineEdit(this)) {
     setObjectName(QStringLiteral("enterpassword"));
     setWindowTitle(QStringLiteral("Enter Password"));
 
@@ -26,8 +26,11 @@ EnterPasswordDialog::EnterPasswordDialog(common::Session& session, QWidget* pare
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(16, 16, 16, 12);
-    layout->addWidget(parts::text(this, QStringLiteral("Tallymere is protected by a password. Enter the owner or the "
-                                                       "user password to continue.")));
+    layout->addWidget(parts::text(
+        this, model_.ownerOnly()
+                  ? QStringLiteral("Only the owner can change the passwords and rights. Enter the owner password.")
+                  : QStringLiteral("Tallymere is protected by a password. Enter the owner or the user password "
+                                   "to continue.")));
     layout->addSpacing(6);
     layout->addWidget(caption);
     layout->addWidget(password_);

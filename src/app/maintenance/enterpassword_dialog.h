@@ -1,6 +1,7 @@
 #pragma once
 // The password prompt `enterpassword`: OK keeps the window open until the model accepts the
-// password; cancel (or closing the window) leaves PasswordPassed false.
+// password; cancel (or closing the window) leaves PasswordPassed false. As Prompt::OwnerOnly it is
+// the check before the password settings in user mode, which only the owner password passes.
 
 #include "maintenance/enterpassword.h"
 
@@ -14,7 +15,9 @@ class EnterPasswordDialog : public QDialog {
     Q_OBJECT
 
 public:
-    EnterPasswordDialog(common::Session& session, QWidget* parent = nullptr);
+    enum class Prompt { Start, OwnerOnly };
+
+    EnterPasswordDialog(common::Session& session, QWidget* parent = nullptr, Prompt prompt = Prompt::Start);
 
     void reject() override;
 

@@ -5,10 +5,13 @@
 #include "app/maintenance/backup_dialog.h"
 #include "app/maintenance/data_location_dialog.h"
 #include "app/maintenance/enterpassword_dialog.h"
+#include "app/maintenance/export_data_dialog.h"
 #include "app/maintenance/restore_sched_data_dialog.h"
 #include "app/maintenance/setpassword_dialog.h"
 #include "app/shell/app_context.h"
 #include "maintenance/backup.h"
+#include "maintenance/enterpassword.h"
+#include "maintenance/setpassword.h"
 #include "shell/main_form.h"
 
 namespace tallymere::app {
@@ -27,6 +30,9 @@ void registerMaintenanceWindows(AppContext& context) {
     AppContext* c = &context;
     QtUi& ui = context.ui();
     ui.registerModal("enterpassword", [c] { runDialog<EnterPasswordDialog>(c->session(), c->mainWindow()); });
+    ui.registerModal(maintenance::kOwnerPasswordPrompt, [c] {
+        runDialog<EnterPasswordDialog>(c->session(), c->mainWindow(), EnterPasswordDialog::Prompt::OwnerOnly);
+    });
     ui.registerModal("setpassword", [c] { runDialog<SetPasswordDialog>(c->session(), c->mainWindow()); });
     ui.registerModal("backup", [c] { runDialog<BackupDialog>(c->session(), c->mainWindow()); });
     ui.registerModal("RestoreSchedData", [c] { runDialog<RestoreSchedDataDialog>(c->session(), c->mainWindow()); });
@@ -39,7 +45,12 @@ void registerMaintenanceWindows(AppContext& context) {
                                       c->mainWindow());
     });
 
-    context.registerCommand("mnusetpassword", [c] { c->session().ui().showModal("setpassword"); });
+    ui.registerModal(maintenance::ExportData::kWindowName,
+                     [c] { runDialog<ExportDataDialog>(c->session(), c->mainWindow()); });
+    context.registerCommand("mnuExportScheduleData",
+                            [c] { c->session().ui().showModal(maintenance::ExportData::kWindowName); });
+
+    context.registerCommand("mnusetpassword", [c] { maintenance::OpenSetPassword(c->session()); });
     context.registerCommand("mnubackup", [c] { maintenance::RunBackup(c->session()); });
     context.registerCommand("mnuRestore", [c] { maintenance::RunRestore(c->session()); });
 }

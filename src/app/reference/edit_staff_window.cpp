@@ -32,7 +32,9 @@ EditStaffWindow::EditStaffWindow(AppContext& context, QWidget* parent)
     layout->addLayout(body, 1);
     layout->addLayout(buttons);
 
-    connect(list1_, &QListWidget::currentRowChanged, this, [this](int row) {
+    // Another employee is chosen by selecting a row, not by the list taking the focus.
+    connect(list1_, &QListWidget::itemSelectionChanged, this, [this] {
+        const int row = selectedRow(list1_);
         if (row == model_.List1.ListIndex) return;
         model_.List1.ListIndex = row;
         // On failure the model has put its own employee back in the list.

@@ -72,9 +72,10 @@ ScheduleFileListView::ScheduleFileListView(QWidget* parent, reference::ScheduleF
     layout_->addWidget(label4_, 2, 0, 1, 4);
     layout_->setColumnStretch(3, 1);
 
-    QObject::connect(list_, &QListWidget::currentRowChanged, list_, [select = std::move(select)](int row) {
-        if (row >= 0) select(row);
-    });
+    // The model acts on the selected row. The current row alone is no choice: Qt makes the first row
+    // current, unselected, when the list merely takes the focus.
+    QObject::connect(list_, &QListWidget::itemSelectionChanged, list_,
+                     [list = list_, select = std::move(select)] { select(selectedRow(list)); });
 }
 
 void ScheduleFileListView::display() {

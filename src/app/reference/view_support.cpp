@@ -6,6 +6,7 @@
 #include <QEvent>
 #include <QGridLayout>
 #include <QHeaderView>
+#include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -150,9 +151,15 @@ void fillGrid(QTableWidget* grid, const std::vector<std::vector<std::string>>& r
         grid->clearSelection();
 }
 
+int selectedRow(const QAbstractItemView* view) {
+    const QModelIndexList rows = view->selectionModel()->selectedIndexes();
+    return rows.isEmpty() ? -1 : rows.first().row();
+}
+
 void bindGridRow(QTableWidget* grid, int& row) {
-    QObject::connect(grid, &QTableWidget::currentCellChanged, grid,
-                     [&row](int current, int, int, int) { row = current; });
+    // The selected row, not the current cell: a grid that takes the focus makes its first cell
+    // current without selecting anything, and Ctrl+click takes the selection away but not the cell.
+    QObject::connect(grid, &QTableWidget::itemSelectionChanged, grid, [grid, &row] { row = selectedRow(grid); });
 }
 
 QGridLayout* levelRow(QLineEdit* field, QSlider* slider, int min, int max, const char* scaleName) {

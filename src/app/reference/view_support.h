@@ -16,6 +16,7 @@
 #include <string_view>
 #include <vector>
 
+class QAbstractItemView;
 class QCheckBox;
 class QComboBox;
 class QEvent;
@@ -74,7 +75,9 @@ QStringList columnTitles(const Titles& titles) {
 }
 // Replaces the grid's rows and selects `selected` (-1: none); no signals.
 void fillGrid(QTableWidget* grid, const std::vector<std::vector<std::string>>& rows, int selected);
-// The row the user makes current goes to `row`.
+// The row of a single-selection list or grid that is selected, -1 when none is.
+int selectedRow(const QAbstractItemView* view);
+// The row the user selects goes to `row`; -1 when none is selected.
 void bindGridRow(QTableWidget* grid, int& row);
 
 // A level from `min` to `max`, typed in the two-digit `field` or set with `slider`, over a

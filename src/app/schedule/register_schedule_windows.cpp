@@ -1,9 +1,15 @@
-// The schedule-editing commands: the daily schedule window, its menus and pop-ups, undo.
+// The schedule-editing commands: the daily and weekly schedule windows, their menus and pop-ups,
+// undo, the default schedule and the copy windows.
 
+#include "app/common/qt_ui.h"
 #include "app/reference/reference_windows.h"
+#include "app/schedule/copy_schedule_dialogs.h"
 #include "app/schedule/daily_schedule_window.h"
+#include "app/schedule/default_save_dialog.h"
+#include "app/schedule/weekly_schedule_window.h"
 #include "common/session.h"
 #include "schedule/clipboard.h"
+#include "schedule/default_schedule.h"
 #include "schedule/undo.h"
 #include "shell/main_form.h"
 
@@ -12,15 +18,18 @@ namespace tallymere::app {
 namespace {
 
 const QString kDailyWindow = QString::fromLatin1(schedule::dailyflexgrid::kWindowName);
-
-DailyScheduleWindow* dailyWindow(AppContext& context) {
-    return dynamic_cast<DailyScheduleWindow*>(context.findChild(kDailyWindow));
-}
+const QString kWeeklyWindow = QString::fromLatin1(schedule::week::kWindowName);
 
 // The daily schedule, opened when it is not (it normally always is).
 DailyScheduleWindow* openDailyWindow(AppContext& context) {
     return dynamic_cast<DailyScheduleWindow*>(
         context.openChild(kDailyWindow, [&context] { return new DailyScheduleWindow(context); }));
+}
+
+// After a change of many entries at once: the open windows that show entries read them again.
+void showChangedSchedule(AppContext& context) {
+    if (auto* daily = dynamic_cast<ChildWindow*>(context.findChild(kDailyWindow))) daily->updailyflexform();
+    if (auto* weekly = dynamic_cast<ChildWindow*>(context.findChild(kWeeklyWindow))) weekly->refreshWindow();
 }
 
 // A command of the daily schedule's: runs on the window, opened first if need be.
@@ -53,13 +62,33 @@ void registerScheduleWindows(AppContext& context) {
     c->registerCommand("mnudailyschedule", [c] {
         if (DailyScheduleWindow* daily = openDailyWindow(*c)) daily->setWeekView(false);
     });
-    c->registerCommand("mnuweekly", [c] {
-        if (DailyScheduleWindow* daily = openDailyWindow(*c)) daily->setWeekView(true);
+    c->registerChildWindow(kWeeklyWindow, [c] { return new WeeklyScheduleWindow(*c); });
+    c->registerCommand("mnuweekly", [c] { c->openChild(kWeeklyWindow, [c] { return new WeeklyScheduleWindow(*c); }); });
+
+    QtUi& ui = context.ui();
+    ui.registerModal(schedule::DefaultSave::kWindowName, [c] {
+        DefaultSaveDialog dialog(c->session(), c->mainWindow());
+        dialog.exec();
     });
+    ui.registerModal(schedule::CopyNew::kWindowName, [c] {
+        CopyScheduleDialog dialog(
+            c->session(), [c] { showChangedSchedule(*c); }, c->mainWindow());
+        dialog.exec();
+    });
+    ui.registerModal(schedule::copytodifferent::kWindowName, [c] {
+        CopyToDifferentDialog dialog(
+            c->session(), [c] { showChangedSchedule(*c); }, c->mainWindow());
+        dialog.exec();
+    });
+    c->registerCommand("mnusaveasdefault", [c] { schedule::mnusaveasdefault(c->session()); });
+    c->registerCommand("mnugetdefaultsched", [c] {
+        if (schedule::mnugetdefaultsched(c->session())) showChangedSchedule(*c);
+    });
+    c->registerCommand("mnucopyschedule1", [c] { c->session().ui().showModal(schedule::CopyNew::kWindowName); });
 
     c->registerCommand("mnuEditUndo", [c] {
         schedule::UndoLastChange(c->session());
-        if (DailyScheduleWindow* daily = dailyWindow(*c)) daily->updailyflexform();
+        showChangedSchedule(*c);
     });
 
     // The employee list's pop-up: the employee picked in the list is the session's current one.

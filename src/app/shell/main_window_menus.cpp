@@ -89,6 +89,12 @@ void MainWindow::buildToolbar() {
         button->setAutoRaise(true);
         button->setFocusPolicy(Qt::NoFocus);
         if (!b.tip.empty()) button->setToolTip(toQt(b.tip));
+        // What a screen reader says: the tip, or for the two buttons without one ("report", "key")
+        // the caption of their menu entry, without its "&" and "...".
+        QString spoken = toQt(b.tip);
+        if (const auto entry = actions_.find(std::string(b.action)); spoken.isEmpty() && entry != actions_.end())
+            spoken = entry->second->iconText();
+        button->setAccessibleName(spoken);
         if (const auto menu = menus_.find(b.action); menu != menus_.end()) {
             // A button for a whole menu ("report") drops it down.
             button->setMenu(menu->second);
@@ -118,7 +124,10 @@ void MainWindow::registerShellCommands() {
         for (std::string_view name : {e.viewMenu, e.popupMenu})
             registerCommand(std::string(name), [this, name] { form_->sortMenu_Click(name); });
     for (const shell::DateFormatEntry& e : shell::dateFormatTable())
-        registerCommand(std::string(e.name), [this, name = e.name] { form_->dateFormatMenu_Click(name); });
+        registerCommand(std::string(e.name), [this, name = e.name] {
+            // From here on, dates in messages follow the format the user picked too.
+            if (form_->dateFormatMenu_Click(name)) session_.displayDateFormat = form_->toolDatePattern();
+        });
     registerCommand("mnuQuickBar", [this] { form_->mnuQuickBar_Click(); });
     registerCommand("mnutoolbar", [this] { form_->mnutoolbar_Click(); });
     registerCommand("mnurefresh", [this] { form_->mnurefresh_Click(); });

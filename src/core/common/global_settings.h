@@ -119,7 +119,9 @@ struct GlobalSettings {
     bool gb_PrintGridFontItalic = false;
     bool gb_ReportFitToPage = true;
     int gi_ReportNumDays = 7;
-    int gi_ReportColumnWidth = 0;  // worked out from the page at start
+    // Inches, in spite of its prefix: the width of a day column without fit to page. The start works
+    // out the fit width of the page for 7 days; a stored width replaces it.
+    double gi_ReportColumnWidth = 0;
     std::string gs_ReportNameFormat = "Smith, John";
     std::string gs_ReportTimeFormat = "H:MMam/pm";
 

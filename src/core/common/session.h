@@ -78,6 +78,11 @@ public:
 
     // Sets the data folder and the database path beside it.
     void setDataFolder(const std::string& folder);
+    // The database file as found in the data folder, where its name differs from Tallymere.db in
+    // case only; setDataFolder puts the usual name back.
+    void setDatabaseFileName(const std::string& name) {
+        if (!dataFolder_.empty()) databasePath_ = dataFolder_ + "/" + name;
+    }
     const std::string& DataFolder() const { return dataFolder_; }
     const std::string& DatabasePath() const { return databasePath_; }
 
@@ -108,6 +113,9 @@ public:
 
     GlobalSettings settings;
     FormatLocale locale;
+    // How dates show in messages: "short date" until the user picks another format from the main
+    // window's date menu.
+    std::string displayDateFormat = "short date";
 
     // The heading of the daily schedule; the report date format is settings.reportdateformat.
     std::string dailyHeadingFormat = "dddd mmm dd, yyyy";

@@ -2,6 +2,7 @@
 
 #include "maintenance/file_copy.h"
 #include "store/access.h"
+#include "store/database.h"
 #include "store/online_backup.h"
 #include "store/options.h"
 
@@ -93,13 +94,15 @@ bool backup::backupbutton() {
     const std::string database = s_.DatabasePath();
     if (fs::exists(database, ec)) {
         store::CopySide side = store::CopySide::Source;
-        if (const auto e =
-                store::backupDatabaseFile(database, inFolder(folder, common::Session::kDatabaseFileName), &side)) {
+        if (const auto e = store::backupDatabaseFile(database, inFolder(folder, common::Session::kDatabaseFileName),
+                                                     &side, store::db(s_).busyTimeout())) {
             tellFailure(s_, failureOf(e, side), e.number, e.description);
             return false;
         }
     }
-    const std::string startCopy = inFolder(s_.DataFolder(), kBackupCopyName);
+    // The start's copy is named after the database as it was found ("tallymere.db" gives
+    // "tallymere.bak"); in the backup folder it takes the usual name.
+    const std::string startCopy = fs::path(database).replace_extension(".bak").string();
     if (fs::exists(startCopy, ec)) {
         if (const auto copyError = copyFileReplacing(startCopy, inFolder(folder, kBackupCopyName))) {
             tellFailure(s_, failureOf(copyError), copyError.value(), copyError.message());

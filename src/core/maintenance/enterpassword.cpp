@@ -38,13 +38,16 @@ bool enterpassword::OK() {
     if (owner && passwordMatches(*owner, password)) {
         upgradeStored(s_, *owner, "update options set options.optionvalue=? where optionname='passwordowner'");
         s_.PasswordPassed = true;
+        if (ownerOnly_) return true;
         s_.IsUserMode = false;
         s_.rights = {};
         return true;
     }
 
     // An empty user value is no user password: it must not let an empty entry into user mode.
-    const auto user = storedPassword(s_, "select optionvalue from options where optionname='passworduser'");
+    const auto user = ownerOnly_
+                          ? std::optional<std::string>()
+                          : storedPassword(s_, "select optionvalue from options where optionname='passworduser'");
     if (user && !user->empty() && passwordMatches(*user, password)) {
         upgradeStored(s_, *user, "update options set options.optionvalue=? where optionname='passworduser'");
         s_.PasswordPassed = true;
@@ -58,6 +61,16 @@ bool enterpassword::OK() {
     s_.ui().message("Please enter a valid password.", common::MsgButtons::Ok, common::MsgIcon::None,
                     common::Session::kAppTitle);
     return false;
+}
+
+bool AskOwnerPassword(common::Session& s) {
+    // The prompt reports through PasswordPassed, which the run itself has already passed.
+    const bool passedAtStart = s.PasswordPassed;
+    s.PasswordPassed = false;
+    s.ui().showModal(kOwnerPasswordPrompt);
+    const bool owner = s.PasswordPassed;
+    s.PasswordPassed = passedAtStart;
+    return owner;
 }
 
 }  // namespace tallymere::maintenance

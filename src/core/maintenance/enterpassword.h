@@ -9,9 +9,13 @@
 
 namespace tallymere::maintenance {
 
+// The modal name of the same prompt when it only checks for the owner: in user mode, before the
+// password settings open. Only the owner password passes there, and the run keeps its mode.
+inline constexpr const char* kOwnerPasswordPrompt = "enterpassword.owner";
+
 class enterpassword {
 public:
-    explicit enterpassword(common::Session& s) : s_(s) {}
+    explicit enterpassword(common::Session& s, bool ownerOnly = false) : s_(s), ownerOnly_(ownerOnly) {}
 
     std::string password;  // the field's text
 
@@ -19,8 +23,15 @@ public:
     bool OK();
     void Cancel() { s_.PasswordPassed = false; }
 
+    bool ownerOnly() const { return ownerOnly_; }
+
 private:
     common::Session& s_;
+    bool ownerOnly_;
 };
+
+// Shows the owner-only prompt; true when the owner password was given. Nothing else of the session
+// changes.
+bool AskOwnerPassword(common::Session& s);
 
 }  // namespace tallymere::maintenance

@@ -1,6 +1,7 @@
 #include "maintenance/restore_sched_data.h"
 
 #include "maintenance/file_copy.h"
+#include "store/database.h"
 #include "store/online_backup.h"
 #include "store/options.h"
 
@@ -56,15 +57,22 @@ void RestoreSchedData::RestoreButton() {
                    MsgButtons::Ok, MsgIcon::None, "Error on Restore");
     };
     const std::string live = s_.DatabasePath();
+    const int wait = store::db(s_).busyTimeout();
     if (fs::exists(live, ec)) {
         const std::string keep = inFolder(s_.DataFolder(), kRestoreKeepName);
-        const auto e = store::backupDatabaseFile(live, keep);
-        // A live file too damaged to be read as a database is kept byte for byte: it may still be
-        // all the user has.
-        const bool unreadable = e.kind == store::DbErrorKind::Damaged || e.kind == store::DbErrorKind::NotADatabase;
-        if (e && !(unreadable && !copyFileReplacing(live, keep))) return failed();
+        // Written in place under the file's exclusive lock: refused while another copy is in it.
+        store::CopySide side = store::CopySide::Source;
+        const auto e = store::restoreDatabaseFile(chosen, live, keep, &side, wait);
+        // A live file too damaged to be read as a database is kept byte for byte, it may still be
+        // all the user has, and replaced as a file.
+        const bool unreadable = side == store::CopySide::Target &&
+                                (e.kind == store::DbErrorKind::Damaged || e.kind == store::DbErrorKind::NotADatabase);
+        if (e && !unreadable) return failed();
+        if (unreadable && (copyFileReplacing(live, keep) || store::backupDatabaseFile(chosen, live, nullptr, wait)))
+            return failed();
+    } else if (store::backupDatabaseFile(chosen, live, nullptr, wait)) {
+        return failed();
     }
-    if (store::backupDatabaseFile(chosen, live)) return failed();
 
     ui.message(
         "Your data was successfully restored. Tallymere must now shut down to finish the restore process. When "

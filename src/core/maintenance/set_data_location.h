@@ -36,9 +36,11 @@ public:
     static constexpr const char* kNetworkNote =
         "Note: Set Data Location is used to set the data path when you want to share schedule data between 2 or more "
         "machines connected via a network.";
-    static constexpr const char* kSingleMachineNote =
-        "If you just want to share data between user accounts on a single machine there is no need to change the "
-        "data folder path, you can use the default data folder.";
+    // The default folder is in the user's own data location, so accounts of one machine do not
+    // share it: the note says so rather than promise otherwise.
+    static constexpr const char* kAccountsNote =
+        "The default data folder belongs to your user account; other accounts on this machine have their own. To "
+        "share data between accounts or machines, choose a shared or network folder with Browse.";
 
     // True when the window closes: the new folder is written to DataLocation and ExitNow is set, so
     // the caller ends the process.

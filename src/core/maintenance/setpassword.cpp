@@ -1,6 +1,7 @@
 #include "maintenance/setpassword.h"
 
 #include "common/text.h"
+#include "maintenance/enterpassword.h"
 #include "maintenance/password.h"
 #include "store/access.h"
 #include "store/options.h"
@@ -128,6 +129,12 @@ bool setpassword::storePasswords() {
     }
     for (const auto& box : kBoxes)
         if (!storeOption(s_, box.key, this->*box.ticked ? "Yes" : "No")) return false;
+    return true;
+}
+
+bool OpenSetPassword(common::Session& s) {
+    if (s.IsUserMode && !AskOwnerPassword(s)) return false;
+    s.ui().showModal("setpassword");
     return true;
 }
 

@@ -79,4 +79,9 @@ private:
     std::string storedUser_;
 };
 
+// `mnusetpassword`: shows the window. In user mode the menu entry is not taken away, but the
+// password settings are the owner's: the owner password is asked for first, and without it the
+// window does not open. True when it was shown.
+bool OpenSetPassword(common::Session& s);
+
 }  // namespace tallymere::maintenance

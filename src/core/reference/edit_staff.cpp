@@ -79,7 +79,7 @@ bool EditStaff::Load() {
     });
 }
 
-bool EditStaff::saveNames(bool& renamed) {
+bool EditStaff::checkNames(bool& renamed) {
     const std::string first = common::trim(fname);
     const std::string last = common::trim(LName);
     if (first.empty() && last.empty()) {
@@ -99,53 +99,67 @@ bool EditStaff::saveNames(bool& renamed) {
     if (!s_.ui().askYesNo("You have changed the name from " + loadedFname_ + " " + loadedLname_ + " to " + first + " " +
                           last + " is this what you want to do?"))
         return false;
-    const long id = personid_;
-    // Entries of other schedule files keep the old name: only the open file follows a rename.
-    if (!UdateRecs(s_, "update person set fname=?,lname=? where personid=?", {first, last, id}) ||
-        !UdateRecs(s_, "update sched set lname=?,fname=? where personid = ? and sname=?",
-                   {last, first, id, s_.currentSchedule}) ||
-        !UdateRecs(s_, "update employeeleave set fullname=? where personid=?", {leaveFullName(last, first), id}) ||
-        !UdateRecs(s_, "update availability set lname=?,fname=? where personid = ?", {last, first, id}) ||
-        !UdateRecs(s_, "update qualifications set lname=?,fname=? where personid = ?", {last, first, id}))
-        return false;
-    loadedFname_ = first;
-    loadedLname_ = last;
     renamed = true;
     return true;
 }
 
 bool EditStaff::saveSteps() {
     const long id = personid_;
+    // Every question and check comes before the first write: the user is never asked while the file
+    // is held for writing, and a refusal leaves nothing half saved.
     bool renamed = false;
-    if (namesDirty && !saveNames(renamed)) return false;
-    if (datesDirty) {
-        if (!datesValid()) return false;
-        const auto [birth, hire, end] = storedDates();
-        if (!UdateRecs(s_, "update person set dob=?,doh=?,enddate=? where personid = ?", {birth, hire, end, id}))
+    if (namesDirty && !checkNames(renamed)) return false;
+    if (datesDirty && !datesValid()) return false;
+    const std::string first = renamed ? common::trim(fname) : loadedFname_;
+    const std::string last = renamed ? common::trim(LName) : loadedLname_;
+    const auto [birth, hire, end] = storedDates();
+
+    // One save is one transaction: the employee's rows change together or not at all.
+    store::Transaction tx(s_);
+    const auto write = [&] {
+        // Entries of other schedule files keep the old name: only the open file follows a rename.
+        if (renamed &&
+            (!UdateRecs(s_, "update person set fname=?,lname=? where personid=?", {first, last, id}) ||
+             !UdateRecs(s_, "update sched set lname=?,fname=? where personid = ? and sname=?",
+                        {last, first, id, s_.currentSchedule}) ||
+             !UdateRecs(s_, "update employeeleave set fullname=? where personid=?", {leaveFullName(last, first), id}) ||
+             !UdateRecs(s_, "update availability set lname=?,fname=? where personid = ?", {last, first, id}) ||
+             !UdateRecs(s_, "update qualifications set lname=?,fname=? where personid = ?", {last, first, id})))
             return false;
+        if (datesDirty &&
+            !UdateRecs(s_, "update person set dob=?,doh=?,enddate=? where personid = ?", {birth, hire, end, id}))
+            return false;
+        if (addressDirty &&
+            !UdateRecs(
+                s_,
+                "update person set addr=?,addr2=?,city=?,state=?,zip=?,primpos=?,phone=?,pager=?,cellphone=?,lnote=?,"
+                "email=? where personid=?",
+                {address, Addr2, city, state, zip, PositionCombo.text(), phone, pager, cellphone, note, email, id}))
+            return false;
+        // The pay group is written only with a rate: without one, the hours and shifts stay as stored too.
+        if (payDirty && !common::trim(hourlyrate).empty() &&
+            !UdateRecs(
+                s_, "update person set hourlyrate=?,hoursperweek=?,shiftsperweek=?,skilllevel=? where personid = ?",
+                {hourlyrate, hoursperweek, shiftsperweek, common::roundHalfEven(common::toNumber(primaryskill)), id}))
+            return false;
+        if (idsDirty && !UdateRecs(s_, "update person set empid=?,ssn=?,license=?,active=? where personid = ?",
+                                   {empid, ssn, license, !inactivecheck, id}))
+            return false;
+        // Every save writes the seven availability rows, so that they exist after the first one.
+        return availabilityTab.Save(id, last, first);
+    };
+    // A failed read has been told and ends the save without a further word.
+    if (!write() && !tx.failed()) return false;
+    if (!tx.commit()) return false;
+
+    if (datesDirty) {
         dob = birth;
         doh = hire;
         empenddate = end;
     }
-    if (addressDirty &&
-        !UdateRecs(
-            s_,
-            "update person set addr=?,addr2=?,city=?,state=?,zip=?,primpos=?,phone=?,pager=?,cellphone=?,lnote=?,"
-            "email=? where personid=?",
-            {address, Addr2, city, state, zip, PositionCombo.text(), phone, pager, cellphone, note, email, id}))
-        return false;
-    // The pay group is written only with a rate: without one, the hours and shifts stay as stored too.
-    if (payDirty && !common::trim(hourlyrate).empty() &&
-        !UdateRecs(
-            s_, "update person set hourlyrate=?,hoursperweek=?,shiftsperweek=?,skilllevel=? where personid = ?",
-            {hourlyrate, hoursperweek, shiftsperweek, common::roundHalfEven(common::toNumber(primaryskill)), id}))
-        return false;
-    if (idsDirty && !UdateRecs(s_, "update person set empid=?,ssn=?,license=?,active=? where personid = ?",
-                               {empid, ssn, license, !inactivecheck, id}))
-        return false;
-    // Every save writes the seven availability rows, so that they exist after the first one.
-    if (!availabilityTab.Save(id, loadedLname_, loadedFname_)) return false;
     if (renamed) {
+        loadedFname_ = first;
+        loadedLname_ = last;
         fillList();
         Caption = "Edit Employee - " + displayName(loadedFname_, loadedLname_);
     }

@@ -38,7 +38,8 @@ protected:
 
 private:
     void fillList();
-    bool saveNames(bool& renamed);
+    // The checks and the question of a change of name; `renamed` when the names are to be written.
+    bool checkNames(bool& renamed);
     bool saveSteps();
 
     long personid_ = 0;

@@ -14,9 +14,14 @@ using store::UdateRecs;
 
 bool EditStaffnew::Load() {
     Caption = "Add New Employee";
-    for (const char* table : {"availabilitytemp", "persontemp", "desiredshifttemp", "employeeleavetemp",
-                              "qualificationstemp", "staffingtemp"})
-        if (!store::DeleteRecs(s_, std::string("delete from ") + table)) return false;
+    {
+        // The work tables are emptied together: none keeps rows of an earlier, abandoned employee.
+        store::Transaction tx(s_);
+        for (const char* table : {"availabilitytemp", "persontemp", "desiredshifttemp", "employeeleavetemp",
+                                  "qualificationstemp", "staffingtemp"})
+            if (!store::DeleteRecs(s_, std::string("delete from ") + table)) break;
+        if (!tx.commit()) return false;
+    }
     fillPositions();
     applyPayrollRight();
     RefreshTabs();
@@ -77,23 +82,36 @@ bool EditStaffnew::saveSteps() {
         return false;
     }
     const std::string position = PositionCombo.text();
+    // The employee is made whole or not at all: the person row, its fields, the copies of the work
+    // tables and the availability are one transaction.
+    store::Transaction tx(s_);
+    const long id = writeEmployee(first, last, position);
+    // A failed read has been told and ends the save without a further word.
+    if (id == 0 && !tx.failed()) return false;
+    if (!tx.commit()) return false;
+    newPersonid_ = id;
+    clearDirty();
+    return true;
+}
+
+long EditStaffnew::writeEmployee(const std::string& first, const std::string& last, const std::string& position) {
+    constexpr const char* kFind = "select * from person where fname=? and lname=?";
     if (!InsertRecs(s_, "Insert into person (lname,fname,primpos,active) values(?,?,?,?)",
                     {last, first, position, true}))
-        return false;
-    rs = GetRecs(s_, kFind, {first, last});
+        return 0;
+    auto rs = GetRecs(s_, kFind, {first, last});
     if (rs.eof()) {
         if (rs.isOpen()) s_.ui().inform("Unable to add new employee. ", MsgIcon::Exclamation);
-        return false;
+        return 0;
     }
     rs.MoveLast();
     const long id = static_cast<long>(rs["personid"].toLong());
-    newPersonid_ = id;
 
     if (!UdateRecs(s_,
                    "update person set fname=?,lname=?,addr=?,addr2=?,city=?,state=?,zip=?,primpos=?,phone=?,pager=?,"
                    "cellphone=?,lnote=? where personid=?",
                    {first, last, address, Addr2, city, state, zip, position, phone, pager, cellphone, note, id}))
-        return false;
+        return 0;
     struct Optional {
         const std::string* field;
         const char* sql;
@@ -110,21 +128,19 @@ bool EditStaffnew::saveSteps() {
         const store::Value value = o.field == &primaryskill
                                        ? store::Value(common::roundHalfEven(common::toNumber(primaryskill)))
                                        : store::Value(*o.field);
-        if (!UdateRecs(s_, o.sql, {value, id})) return false;
+        if (!UdateRecs(s_, o.sql, {value, id})) return 0;
     }
     if (!UdateRecs(s_, "update person set empid=?,ssn=?,license=?,active=? where personid = ?",
                    {empid, ssn, license, !inactivecheck, id}))
-        return false;
+        return 0;
     const auto [birth, hire, end] = storedDates();
     // Limited to the new employee: without the condition every employee's dates would be overwritten.
-    if (!UdateRecs(s_, "update person set dob=?,doh=?,enddate=? where personid = ?", {birth, hire, end, id}))
-        return false;
+    if (!UdateRecs(s_, "update person set dob=?,doh=?,enddate=? where personid = ?", {birth, hire, end, id})) return 0;
 
-    if (!copyWorkTables(id, last, first)) return false;
-    if (!availabilityTab.Save(id, last, first)) return false;
-    if (!UdateRecs(s_, " update person set picfile=? where personid=?", {picfile, id})) return false;
-    clearDirty();
-    return true;
+    if (!copyWorkTables(id, last, first)) return 0;
+    if (!availabilityTab.Save(id, last, first)) return 0;
+    if (!UdateRecs(s_, " update person set picfile=? where personid=?", {picfile, id})) return 0;
+    return id;
 }
 
 bool EditStaffnew::Save() {

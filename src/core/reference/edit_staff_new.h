@@ -32,6 +32,8 @@ protected:
 private:
     bool saveSteps();
     bool copyWorkTables(long id, const std::string& last, const std::string& first);
+    // Every write of the new employee; its personid, or 0 when one failed.
+    long writeEmployee(const std::string& first, const std::string& last, const std::string& position);
 
     long newPersonid_ = 0;
     bool saved_ = false;

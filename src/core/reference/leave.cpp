@@ -53,13 +53,15 @@ bool LeaveTab::Refresh(long personid) {
 bool LeaveTab::deleteleavebutton(long personid) {
     if (row < 0 || row >= static_cast<int>(leavegrid.size())) return false;
     const LeaveRow range = leavegrid[static_cast<std::size_t>(row)];
+    // The days of the range go together or not at all.
+    store::Transaction tx(s_);
     for (Date d = range.first; d <= range.last; d = d.addDays(1)) {
         const bool ok =
             staging_ ? store::DeleteRecs(s_, "delete from employeeleavetemp where sday =?", {d})
                      : store::DeleteRecs(s_, "delete from employeeleave where personid = ? and sday =?", {personid, d});
-        if (!ok) return false;
+        if (!ok) break;
     }
-    return true;
+    return tx.commit();
 }
 
 bool LeaveTab::deleteallbutton(long personid) {
@@ -130,23 +132,30 @@ bool employeeleaveedit::Command1() {
             }
             fullname = leaveFullName(person["lname"].text(), person["fname"].text());
         }
-        for (Date d = startdate; d <= enddate; d = d.addDays(1)) {
-            // A day that already has leave keeps its kind.
-            auto rs = staging_ ? GetRecs(s_, "select * from employeeleavetemp where sday=?", {d})
-                               : GetRecs(s_, "select * from employeeleave where sday=? and personid=?",
-                                         {d, employee_.personid});
-            if (!rs.isOpen()) return false;
-            if (!rs.eof()) continue;
-            const bool ok =
-                staging_
-                    ? store::InsertRecs(s_, "insert into employeeleavetemp (fullname,typeofleave,sday) values(?,?,?)",
-                                        {fullname, type, d})
-                    : store::InsertRecs(
-                          s_, "insert into employeeleave (personid,fullname,typeofleave,sday) values(?,?,?,?)",
-                          {employee_.personid, fullname, type, d});
-            if (!ok) return false;
-        }
-        return true;
+        // The days of the range are entered together or not at all.
+        store::Transaction tx(s_);
+        const auto enterDays = [&] {
+            for (Date d = startdate; d <= enddate; d = d.addDays(1)) {
+                // A day that already has leave keeps its kind.
+                auto rs = staging_ ? GetRecs(s_, "select * from employeeleavetemp where sday=?", {d})
+                                   : GetRecs(s_, "select * from employeeleave where sday=? and personid=?",
+                                             {d, employee_.personid});
+                if (!rs.isOpen()) return false;
+                if (!rs.eof()) continue;
+                const bool ok =
+                    staging_ ? store::InsertRecs(
+                                   s_, "insert into employeeleavetemp (fullname,typeofleave,sday) values(?,?,?)",
+                                   {fullname, type, d})
+                             : store::InsertRecs(
+                                   s_, "insert into employeeleave (personid,fullname,typeofleave,sday) values(?,?,?,?)",
+                                   {employee_.personid, fullname, type, d});
+                if (!ok) return false;
+            }
+            return true;
+        };
+        // A read that failed has been told and ends the action; nothing of it is kept.
+        if (!enterDays() && !tx.failed()) return false;
+        return tx.commit();
     });
 }
 

@@ -30,11 +30,14 @@ bool DeleteEmployee(common::Session& s, long selectedId, const std::string& fnam
     if (!s.ui().askYesNo("Are you sure you want to delete " + fname + " " + lname + " ?")) return false;
     // The person by the selected row, the rest by the current employee: deliberately not the same id.
     const long current = s.currentEmployee;
-    return DeleteRecs(s, "delete from person where personid = ?", {selectedId}) &&
-           DeleteRecs(s, "delete from availability where personid= ?", {current}) &&
-           DeleteRecs(s, "delete from desiredshift where personid= ?", {current}) &&
-           DeleteRecs(s, "delete from employeeleave where personid= ?", {current}) &&
-           DeleteRecs(s, "delete from qualifications where personid= ?", {current});
+    // The employee and the rows that belong to him go together or not at all.
+    store::Transaction tx(s);
+    const bool deleted = DeleteRecs(s, "delete from person where personid = ?", {selectedId}) &&
+                         DeleteRecs(s, "delete from availability where personid= ?", {current}) &&
+                         DeleteRecs(s, "delete from desiredshift where personid= ?", {current}) &&
+                         DeleteRecs(s, "delete from employeeleave where personid= ?", {current}) &&
+                         DeleteRecs(s, "delete from qualifications where personid= ?", {current});
+    return tx.commit() && deleted;
 }
 
 void PersonListFrm::Refresh() {

@@ -75,22 +75,26 @@ bool positionedit::save() {
         say(s_, "No position name was entered");
         return false;
     }
-    if (!common::equalsNoCase(newTitle, oldTitle_) && exists(s_, newTitle)) {
+    // Titles compare as the database compares them, without regard to case: a change of case alone
+    // finds the position itself and is refused like any other taken name.
+    if (newTitle != oldTitle_ && exists(s_, newTitle)) {
         say(s_, "Position " + newTitle + " already exists.");
         return false;
     }
-    if (!store::UdateRecs(s_, "update position set baserate =?,title=?,description=?,color=? where title=?",
-                          {baserate, newTitle, description, color, oldTitle_}))
-        return false;
-    if (newTitle != oldTitle_) {
+    // The position and the rows that name it change together or not at all.
+    store::Transaction tx(s_);
+    if (store::UdateRecs(s_, "update position set baserate =?,title=?,description=?,color=? where title=?",
+                         {baserate, newTitle, description, color, oldTitle_}) &&
+        newTitle != oldTitle_) {
         // Desired shifts keep the old title on purpose.
         for (const char* sql :
              {"update sched set position=? where position=?", "update scheddefault set position=? where position=?",
               "update qualifications set position=? where position=?",
               "update staffing set position=? where position=?", "update person set primpos=? where primpos=?"})
             if (!store::UdateRecs(s_, sql, {newTitle, oldTitle_})) break;
-        s_.refreshWanted = true;
     }
+    if (!tx.commit()) return false;
+    if (newTitle != oldTitle_) s_.refreshWanted = true;
     return true;
 }
 

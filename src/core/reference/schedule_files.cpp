@@ -125,9 +125,12 @@ void Openfrm::deletebutton_Click() {
                                                              std::to_string(selectedEntries_) + " schedule entries?";
     if (!s_.ui().askYesNo(question)) return;
     // Day notes stay behind here; the delete window removes them.
-    if (!store::DeleteRecs(s_, "delete from sched where sname=?", {name}) ||
-        !store::DeleteRecs(s_, "delete from schedname where schedname=?", {name}))
-        return;
+    {
+        store::Transaction tx(s_);
+        if (store::DeleteRecs(s_, "delete from sched where sname=?", {name}))
+            store::DeleteRecs(s_, "delete from schedname where schedname=?", {name});
+        if (!tx.commit()) return;
+    }
     say(s_, "The " + name + " Schedule was deleted.", MsgIcon::Information);
     if (isCurrent(s_, name)) {
         s_.currentSchedule.clear();
@@ -173,15 +176,20 @@ bool opennew::create() {
 bool opennew::rename() {
     const std::string name = common::trim(schedname);
     if (name == oldName_) return store::UdateRecs(s_, "update schedname set comment=? where id=?", {description, *id_});
-    // A change of case only finds the file itself, which is no clash.
-    if (!common::equalsNoCase(name, oldName_) && exists(s_, name)) {
+    // Names compare as the database compares them, without regard to case: a change of case alone
+    // finds the file itself and is refused like any other taken name.
+    if (exists(s_, name)) {
         say(s_, "A Schedule with the name " + name + " already exists.");
         return false;
     }
-    // Day notes and staffing levels stay under the old name on purpose: only the file and its entries move.
-    if (!store::UdateRecs(s_, "update schedname set schedname=?,comment=? where id=?", {name, description, *id_}) ||
-        !store::UdateRecs(s_, "update sched set sname =? where sname=?", {name, oldName_}))
-        return false;
+    // Day notes and staffing levels stay under the old name on purpose: only the file and its entries
+    // move, together or not at all.
+    {
+        store::Transaction tx(s_);
+        if (store::UdateRecs(s_, "update schedname set schedname=?,comment=? where id=?", {name, description, *id_}))
+            store::UdateRecs(s_, "update sched set sname =? where sname=?", {name, oldName_});
+        if (!tx.commit()) return false;
+    }
     s_.refreshWanted = true;
     if (isCurrent(s_, oldName_)) {
         s_.currentSchedule = name;
@@ -200,18 +208,23 @@ bool SaveAs::OKButton_Click() {
         say(s_, "No name was entered.");
         return false;
     }
-    if (!exists(s_, name)) {
-        if (!store::InsertRecs(s_, "insert into schedname (schedname,comment) values(?,?)", {name, description}))
-            return false;
-    } else {
+    const bool replace = exists(s_, name);
+    if (replace) {
         if (s_.ui().message("A Schedule with the name " + name + " already exists. Replace it?", MsgButtons::YesNo,
                             MsgIcon::Question, {}) != common::MsgAnswer::Yes)
             return false;
         // Copying a file onto itself would only double its entries.
         if (isCurrent(s_, name)) return true;
-        if (!store::DeleteRecs(s_, "delete from sched where sname =?", {name})) return false;
     }
-    if (!copyInto(name)) return false;
+    {
+        // The file and the copy of the entries and day notes are made together or not at all.
+        store::Transaction tx(s_);
+        if (replace
+                ? store::DeleteRecs(s_, "delete from sched where sname =?", {name})
+                : store::InsertRecs(s_, "insert into schedname (schedname,comment) values(?,?)", {name, description}))
+            copyInto(name);
+        if (!tx.commit()) return false;
+    }
     s_.currentSchedule = name;
     s_.refreshWanted = true;
     scheduleChanged = true;
@@ -265,9 +278,14 @@ void deletesched::deletebutton_Click() {
         question = lead + "This Schedule File contains " + count + " schedule entries entered from " + firstdate +
                    " to " + lastdate + ". Continue?";
     if (!s_.ui().askYesNo(question)) return;
-    for (const char* sql : {"delete from sched where sname=?", "delete from schedname where schedname=?",
-                            "delete from daynote where sname=?"})
-        if (!store::DeleteRecs(s_, sql, {name})) return;
+    {
+        // The file, its entries and its day notes go together or not at all.
+        store::Transaction tx(s_);
+        for (const char* sql : {"delete from sched where sname=?", "delete from schedname where schedname=?",
+                                "delete from daynote where sname=?"})
+            if (!store::DeleteRecs(s_, sql, {name})) break;
+        if (!tx.commit()) return;
+    }
     clearFigures();
     fillList();
     if (isCurrent(s_, name)) {

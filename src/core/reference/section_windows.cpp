@@ -45,19 +45,23 @@ bool groupedit::ok() {
         say(s_, "No section name was entered");
         return false;
     }
-    if (!common::equalsNoCase(newName, oldName_) && exists(s_, newName)) {
+    // Names compare as the database compares them, without regard to case: a change of case alone
+    // finds the section itself and is refused like any other taken name.
+    if (newName != oldName_ && exists(s_, newName)) {
         say(s_, "Section " + newName + " already exists.");
         return false;
     }
-    if (!store::UdateRecs(s_, "update section set name=?, description=? where name=?",
-                          {newName, description, oldName_}))
-        return false;
-    if (newName != oldName_) {
+    // The section and the entries that name it change together or not at all.
+    store::Transaction tx(s_);
+    if (store::UdateRecs(s_, "update section set name=?, description=? where name=?",
+                         {newName, description, oldName_}) &&
+        newName != oldName_) {
         for (const char* sql :
              {"update sched set section=? where section=?", "update scheddefault set section=? where section=?"})
             if (!store::UdateRecs(s_, sql, {newName, oldName_})) break;
-        s_.refreshWanted = true;
     }
+    if (!tx.commit()) return false;
+    if (newName != oldName_) s_.refreshWanted = true;
     return true;
 }
 

@@ -73,9 +73,8 @@ bool settings::refused(int tab) {
 
 template <class Row>
 const Row* settings::selected(const std::vector<Row>& rows, int row) const {
-    if (rows.empty()) return nullptr;
-    return row >= 0 && static_cast<std::size_t>(row) < rows.size() ? &rows[static_cast<std::size_t>(row)]
-                                                                   : &rows.front();
+    // No row chosen is none: acting on the first one would act on a row the user did not pick.
+    return row >= 0 && static_cast<std::size_t>(row) < rows.size() ? &rows[static_cast<std::size_t>(row)] : nullptr;
 }
 
 bool settings::addShift() { return !refused(ShiftsTab); }
@@ -121,11 +120,17 @@ bool settings::deleteShift() {
     }
     const std::string name = row->name;
     if (!s_.ui().askYesNo("Are you sure you want to delete the shift " + name + " ?")) return false;
-    for (const char* sql : {"delete from shift where name=?", "delete from staffing where shift =?",
-                            "delete from desiredshift where shift =?"})
-        if (!store::DeleteRecs(s_, sql, {name})) break;
+    bool deleted = false;
+    {
+        // The shift and the rows that name it go together or not at all.
+        store::Transaction tx(s_);
+        for (const char* sql : {"delete from shift where name=?", "delete from staffing where shift =?",
+                                "delete from desiredshift where shift =?"})
+            if (!store::DeleteRecs(s_, sql, {name})) break;
+        deleted = tx.commit();
+    }
     Refresh();
-    return true;
+    return deleted;
 }
 
 bool settings::deletePosition() {
@@ -137,13 +142,18 @@ bool settings::deletePosition() {
     }
     const std::string title = row->title;
     if (!s_.ui().askYesNo("Are you sure you want to delete the position " + title + " ?")) return false;
-    // Employees keep a primary position that is gone, as entries do.
-    for (const char* sql :
-         {"delete from position where title=?", "delete from staffing where position =?",
-          "delete from desiredshift where position =?", "delete from qualifications where position =?"})
-        if (!store::DeleteRecs(s_, sql, {title})) break;
+    bool deleted = false;
+    {
+        // Employees keep a primary position that is gone, as entries do.
+        store::Transaction tx(s_);
+        for (const char* sql :
+             {"delete from position where title=?", "delete from staffing where position =?",
+              "delete from desiredshift where position =?", "delete from qualifications where position =?"})
+            if (!store::DeleteRecs(s_, sql, {title})) break;
+        deleted = tx.commit();
+    }
     Refresh();
-    return true;
+    return deleted;
 }
 
 bool settings::deleteSection() {

@@ -100,26 +100,28 @@ bool EditShift::save() {
         say(s_, "You need to enter a shift name.");
         return false;
     }
-    // A change of case only finds the shift itself, which is no clash.
-    if (!common::equalsNoCase(newName, oldName_) && exists(s_, newName)) {
+    // Names compare as the database compares them, without regard to case: a change of case alone
+    // finds the shift itself and is refused like any other taken name.
+    if (newName != oldName_ && exists(s_, newName)) {
         say(s_, "Shift " + newName + " already exists.");
         return false;
     }
     const auto times = checkShiftTimes(s_, startTime, endTime);
     if (!times) return false;
-    if (!store::UdateRecs(s_, "update shift set name=?,description=?,strttime=?,endtime=? where name = ?",
-                          {newName, description, times->start, times->end, oldName_}))
-        return false;
-    if (newName != oldName_) {
+    // The shift and the rows that name it change together or not at all.
+    store::Transaction tx(s_);
+    if (store::UdateRecs(s_, "update shift set name=?,description=?,strttime=?,endtime=? where name = ?",
+                         {newName, description, times->start, times->end, oldName_}) &&
+        newName != oldName_) {
         // Staffing levels keep the old name on purpose; the staffing window clears them later.
         // Entries keep their own times whatever the shift's times become.
         for (const char* sql :
              {"update desiredshift set shift=? where shift = ?", "update sched set shift=? where shift = ?",
               "update scheddefault set shift=? where shift = ?"})
             if (!store::UdateRecs(s_, sql, {newName, oldName_})) break;
-        s_.refreshWanted = true;
     }
-    // The shift itself is saved; a half-done rename has been reported and cannot be retried here.
+    if (!tx.commit()) return false;
+    if (newName != oldName_) s_.refreshWanted = true;
     return true;
 }
 

@@ -2,12 +2,14 @@
 
 #include "common/display_format.h"
 #include "maintenance/access_control.h"
+#include "schedule/bulk_change.h"
 #include "schedule/entry_rules.h"
 #include "schedule/undo.h"
 #include "store/access.h"
 
 #include <exception>
 #include <string>
+#include <vector>
 
 namespace tallymere::schedule {
 
@@ -51,18 +53,21 @@ bool fillPasteBuffer(Session& s, long currentRowValue, const Selection& selectio
     if (NoSchedulePermission(s)) return false;
 
     s.ui().setBusy(true);
-    store::DeleteRecs(s, "delete from schedpaste");
+    // The buffer is replaced whole, and a cut takes out every entry it buffered, or nothing changes.
+    store::Transaction transaction(s);
+    bool complete = store::DeleteRecs(s, "delete from schedpaste");
     for (const long schedid : selection) {
         bool added = false;
         AddToPasteBuffer(s, schedid, added);
-        if (!added) break;
-        if (cut) {
-            if (!store::DeleteRecs(s, "delete from sched where schedid=?", {schedid})) break;
-            s.refreshWanted = true;
-        }
+        complete = added && (!cut || store::DeleteRecs(s, "delete from sched where schedid=?", {schedid}));
+        if (!complete) break;
     }
+    // A failed statement makes the commit say that nothing was saved; a failure already told by
+    // AddToPasteBuffer just rolls back.
+    const bool kept = (complete || transaction.failed()) && transaction.commit() && complete;
     s.ui().setBusy(false);
-    return true;
+    if (kept && cut && !selection.empty()) s.refreshWanted = true;
+    return kept;
 }
 
 enum class Answer { Paste, Skip, Stop };
@@ -127,10 +132,18 @@ bool PasteEntries(Session& s) {
     }
     if (NoSchedulePermission(s)) return false;
 
+    // One transaction for the whole paste. A No to a question keeps the rows that went in before it,
+    // as the paste always has; a failure takes every one of them back.
+    enum class End { Ran, Stopped, Failed, Threw };
+    End end = End::Threw;  // left so only when the work below throws
     bool pasted = false;
-    const bool ranToEnd = trapped(s, "Error occurred pasting schedule entries. ", true, false, [&] {
+    store::Transaction transaction(s);
+    trapped(s, "Error occurred pasting schedule entries. ", true, false, [&] {
         auto rs = store::GetRecs(s, "select * from schedpaste");
-        if (!rs.isOpen()) return false;
+        if (!rs.isOpen()) {
+            end = End::Stopped;
+            return false;
+        }
         const Date day = s.activeDate;
         for (; !rs.eof(); rs.MoveNext()) {
             const long personid = static_cast<long>(rs["personid"].toLong());
@@ -148,7 +161,10 @@ bool PasteEntries(Session& s) {
             if (personid != kUnassignedId) {
                 const Answer a =
                     pasteTests(s, personid, name, rs.RecordCount(), bufferStart, bufferEnd, newStart, newEnd);
-                if (a == Answer::Stop) return false;
+                if (a == Answer::Stop) {
+                    end = End::Stopped;
+                    return false;
+                }
                 if (a == Answer::Skip) continue;
             } else {
                 lname = Session::kUnassignedName;
@@ -160,14 +176,21 @@ bool PasteEntries(Session& s) {
                     "insert into sched (lname,fname,personid,sday,strttime,endtime,position,shift,"
                     "section,comment,sname) values(?,?,?,?,?,?,?,?,?,?,?)",
                     {lname, fname, personid, day, optionalTime(newStart), optionalTime(newEnd), rs["position"].text(),
-                     rs["Shift"].text(), rs["Section"].text(), rs["comment"].text(), s.currentSchedule}))
+                     rs["Shift"].text(), rs["Section"].text(), rs["comment"].text(), s.currentSchedule})) {
+                end = End::Failed;
                 return false;
-            s.refreshWanted = true;
+            }
             pasted = true;
         }
+        end = End::Ran;
         return true;
     });
-    return ranToEnd || pasted;
+
+    if (end == End::Threw) return false;  // told already; leaving the scope takes the rows back
+    // After a failed statement the commit rolls back and says that nothing was saved.
+    if (!transaction.commit() || end == End::Failed) return false;
+    if (pasted) s.refreshWanted = true;
+    return end == End::Ran || pasted;
 }
 
 bool DeleteSelectedEntries(Session& s, long currentRowValue, const Selection& selection, DeleteListener& listener) {
@@ -181,34 +204,54 @@ bool DeleteSelectedEntries(Session& s, long currentRowValue, const Selection& se
         return false;
     }
 
-    SaveUndoSnapshot(s, s.activeDate, s.activeDate, "Undo Delete Schedule", true, s.currentSchedule);
+    // The window hears of the deletions once they are committed, in the order they were made, so that
+    // a change that is rolled back leaves the grid as it was.
+    struct Step {
+        long schedid;
+        std::optional<long> unscheduled;  // the employee who has no entry left that day
+        Date day;
+        std::optional<DateTime> start, end;
+    };
+    std::vector<Step> steps;
+    const bool committed = runAsOneChange(s, [&] {
+        SaveUndoSnapshot(s, s.activeDate, s.activeDate, "Undo Delete Schedule", true, s.currentSchedule);
+        return trapped(s, "Error occurred removing schedule item.", false, false, [&] {
+            s.ui().setBusy(true);
+            for (const long schedid : selection) {
+                auto entry =
+                    store::GetRecs(s, "select personid,sday,strttime,endtime from sched where schedid=? and sname=?",
+                                   {schedid, s.currentSchedule});
+                if (!store::DeleteRecs(s, "delete from sched where schedid = ? and sname=?",
+                                       {schedid, s.currentSchedule}))
+                    break;
+                Step& step = steps.emplace_back(Step{schedid, std::nullopt, s.activeDate, {}, {}});
 
-    return trapped(s, "Error occurred removing schedule item.", false, false, [&] {
-        s.ui().setBusy(true);
-        for (const long schedid : selection) {
-            auto entry =
-                store::GetRecs(s, "select personid,sday,strttime,endtime from sched where schedid=? and sname=?",
-                               {schedid, s.currentSchedule});
-            if (!store::DeleteRecs(s, "delete from sched where schedid = ? and sname=?", {schedid, s.currentSchedule}))
-                break;
-            s.refreshWanted = true;
-            listener.rowDeleted(schedid);
-
-            if (entry.empty()) continue;
-            const long personid = static_cast<long>(entry["personid"].toLong());
-            const Date day = entry["sday"].toDate().value_or(s.activeDate);
-            if (personid == kUnassignedId) continue;
-            const bool stillScheduled =
-                !store::GetRecs(s, "select * from sched where personid=? and sday=? and sname=?",
-                                {personid, day, s.currentSchedule})
-                     .empty();
-            if (!stillScheduled)
-                listener.employeeUnscheduled(personid, day, entry["strttime"].toDateTime(),
-                                             entry["endtime"].toDateTime());
-        }
-        s.ui().setBusy(false);
-        return true;
+                if (entry.empty()) continue;
+                const long personid = static_cast<long>(entry["personid"].toLong());
+                step.day = entry["sday"].toDate().value_or(s.activeDate);
+                if (personid == kUnassignedId) continue;
+                const bool stillScheduled =
+                    !store::GetRecs(s, "select * from sched where personid=? and sday=? and sname=?",
+                                    {personid, step.day, s.currentSchedule})
+                         .empty();
+                if (!stillScheduled) {
+                    step.unscheduled = personid;
+                    step.start = entry["strttime"].toDateTime();
+                    step.end = entry["endtime"].toDateTime();
+                }
+            }
+            s.ui().setBusy(false);
+            return true;
+        });
     });
+    if (!committed) return false;
+
+    if (!steps.empty()) s.refreshWanted = true;
+    for (const Step& step : steps) {
+        listener.rowDeleted(step.schedid);
+        if (step.unscheduled) listener.employeeUnscheduled(*step.unscheduled, step.day, step.start, step.end);
+    }
+    return true;
 }
 
 bool mnudeleteday(Session& s) {
@@ -218,35 +261,54 @@ bool mnudeleteday(Session& s) {
     }
     if (NoSchedulePermission(s)) return false;
     const Date day = s.activeDate;
-    if (!s.ui().askYesNo("Remove all schedule records for " + common::formatDate(day, "short date", s.locale) + "?"))
+    if (!s.ui().askYesNo("Remove all schedule records for " + common::formatDate(day, s.displayDateFormat, s.locale) +
+                         "?"))
         return false;
 
     // The rows move into the snapshot, so undo gives back the same entries, schedids and all.
-    SaveUndoSnapshot(s, day, day, "Undo Delete Day", false, s.currentSchedule);
-    store::DeleteRecs(s, "delete from sched where sday =? and sname = ?", {day, s.currentSchedule});
-    s.refreshWanted = true;
-    return true;
+    const bool committed = runAsOneChange(s, [&] {
+        SaveUndoSnapshot(s, day, day, "Undo Delete Day", false, s.currentSchedule);
+        return store::DeleteRecs(s, "delete from sched where sday =? and sname = ?", {day, s.currentSchedule});
+    });
+    if (committed) s.refreshWanted = true;
+    return committed;
 }
 
+// The snapshot and the change it guards are one transaction: should the change fail, neither stays,
+// nor an undo command that would act on them.
 bool PasteWithUndo(Session& s) {
-    SaveUndoSnapshot(s, s.activeDate, s.activeDate, "Undo Paste", true, s.currentSchedule);
-    return PasteEntries(s);
+    bool refresh = false;
+    const bool committed = runAsOneChange(s, [&] {
+        SaveUndoSnapshot(s, s.activeDate, s.activeDate, "Undo Paste", true, s.currentSchedule);
+        refresh = PasteEntries(s);
+        return true;  // a paste that did nothing still leaves its snapshot, as it always has
+    });
+    return committed && refresh;
 }
 
 bool CutWithUndo(Session& s, long currentRowValue, const Selection& selection) {
-    SaveUndoSnapshot(s, s.activeDate, s.activeDate, "Undo Cut", true, s.currentSchedule);
-    return CutEntries(s, currentRowValue, selection);
+    bool refresh = false;
+    const bool committed = runAsOneChange(s, [&] {
+        SaveUndoSnapshot(s, s.activeDate, s.activeDate, "Undo Cut", true, s.currentSchedule);
+        refresh = CutEntries(s, currentRowValue, selection);
+        return true;
+    });
+    return committed && refresh;
 }
 
 bool CutFromMenu(Session& s, long currentRowValue, const Selection& selection) {
     // Unlike Ctrl+X, the menu's cut takes no snapshot: it can never be undone.
+    store::Transaction transaction(s);
     ClearUndo(s);
-    return CutEntries(s, currentRowValue, selection);
+    const bool cut = CutEntries(s, currentRowValue, selection);
+    return transaction.commit() && cut;
 }
 
 bool CopyClearingUndo(Session& s, long currentRowValue, const Selection& selection) {
+    store::Transaction transaction(s);
     ClearUndo(s);
-    return CopyEntries(s, currentRowValue, selection);
+    const bool copied = CopyEntries(s, currentRowValue, selection);
+    return transaction.commit() && copied;
 }
 
 }  // namespace tallymere::schedule

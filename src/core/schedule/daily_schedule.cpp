@@ -6,13 +6,16 @@
 #include "maintenance/access_control.h"
 #include "payroll/day_figures.h"
 #include "reference/time_entry.h"
+#include "schedule/bulk_change.h"
 #include "schedule/entry_rules.h"
-#include "schedule/undo.h"
 #include "schedule/schedule_host.h"
+#include "schedule/undo.h"
 #include "store/access.h"
 
 #include <algorithm>
 #include <exception>
+#include <map>
+#include <set>
 
 namespace tallymere::schedule {
 
@@ -57,6 +60,115 @@ std::string withDescription(std::string_view text, const std::exception& e) {
 }
 
 const std::string kNoText;
+
+bool scheduledOn(Session& s, long personid, Date day, bool allSchedules) {
+    if (allSchedules)
+        return !GetRecs(s, "select lname from sched where personid=? and sday=?", {personid, day}).empty();
+    return !GetRecs(s, "select lname from sched where personid=? and sday=? and sname=?",
+                    {personid, day, s.currentSchedule})
+                .empty();
+}
+
+// What an employee's picture in the list rests on, for one day: an entry that day, the availability
+// for the quick bar's times, leave.
+class ListFacts {
+public:
+    virtual ~ListFacts() = default;
+    virtual bool scheduled(long personid) = 0;
+    virtual bool available(long personid, DateTime start, DateTime end) = 0;
+    virtual bool onLeave(long personid) = 0;
+};
+
+// The list's picture. Each later mark overwrites the earlier: leave beats not available, which beats
+// scheduled (MarkEmployee orders them the other way).
+int listPicture(ListFacts& facts, long personid, const std::optional<std::pair<DateTime, DateTime>>& times) {
+    int picture = kPictureNone;
+    if (facts.scheduled(personid)) picture = kPictureScheduled;
+    if (times && !facts.available(personid, times->first, times->second)) picture = kPictureNotAvailable;
+    if (facts.onLeave(personid)) picture = kPictureOnLeave;
+    return picture;
+}
+
+// Three statements for each employee, as the entry rules ask them.
+class FactsPerEmployee : public ListFacts {
+public:
+    FactsPerEmployee(Session& s, Date day, bool allSchedules) : s_(s), day_(day), allSchedules_(allSchedules) {}
+    bool scheduled(long personid) override { return scheduledOn(s_, personid, day_, allSchedules_); }
+    bool available(long personid, DateTime start, DateTime end) override {
+        return CheckAvailability(s_, personid, day_, start, end);
+    }
+    bool onLeave(long personid) override { return !GetLeaveType(s_, personid, day_).empty(); }
+
+private:
+    Session& s_;
+    Date day_;
+    bool allSchedules_;
+};
+
+// The day's entries, availability and leave read once each, whatever the number of employees. Where
+// an employee has several rows of a kind, the first in key order counts, as with the reads above.
+class FactsOfDay : public ListFacts {
+public:
+    FactsOfDay(Session& s, Date day, bool allSchedules) : s_(s), day_(day), allSchedules_(allSchedules) {}
+
+    bool scheduled(long personid) override {
+        if (!scheduled_) {
+            scheduled_.emplace();
+            const auto rs = allSchedules_ ? GetRecs(s_, "select personid from sched where sday=?", {day_})
+                                          : GetRecs(s_, "select personid from sched where sday=? and sname=?",
+                                                    {day_, s_.currentSchedule});
+            for (std::size_t r = 0; r < rs.RecordCount(); ++r)
+                if (!rs.field(r, "personid").isNull())
+                    scheduled_->insert(static_cast<long>(rs.field(r, "personid").toLong()));
+        }
+        return scheduled_->contains(personid);
+    }
+
+    bool available(long personid, DateTime start, DateTime end) override {
+        // The next day's row is wanted only for an entry past midnight, and is read only then.
+        return AvailabilityAllows(start, end, [&](int offset) -> std::optional<std::string> {
+            const auto& hours = availability(offset);
+            const auto it = hours.find(personid);
+            if (it == hours.end()) return std::nullopt;
+            return it->second;
+        });
+    }
+
+    bool onLeave(long personid) override {
+        if (!leave_) {
+            leave_.emplace();
+            const auto rs =
+                GetRecs(s_, "select personid,typeofleave from employeeleave where sday = ? order by id", {day_});
+            for (std::size_t r = 0; r < rs.RecordCount(); ++r)
+                leave_->try_emplace(static_cast<long>(rs.field(r, "personid").toLong()),
+                                    rs.field(r, "typeofleave").text());
+        }
+        const auto it = leave_->find(personid);
+        return it != leave_->end() && !it->second.empty();
+    }
+
+private:
+    // The availability strings of the weekday of the day (offset 0) or of the next day (1).
+    const std::map<long, std::string>& availability(int offset) {
+        auto& hours = availability_[static_cast<std::size_t>(offset)];
+        if (!hours) {
+            hours.emplace();
+            const auto rs = GetRecs(s_, "select personid,houravail from availability where sday = ? order by rowid",
+                                    {common::GetDayName(day_.addDays(offset))});
+            for (std::size_t r = 0; r < rs.RecordCount(); ++r)
+                hours->try_emplace(static_cast<long>(rs.field(r, "personid").toLong()),
+                                   rs.field(r, "houravail").text());
+        }
+        return *hours;
+    }
+
+    Session& s_;
+    Date day_;
+    bool allSchedules_;
+    std::optional<std::set<long>> scheduled_;
+    std::optional<std::map<long, std::string>> leave_;
+    std::array<std::optional<std::map<long, std::string>>, 2> availability_;
+};
 
 }  // namespace
 
@@ -312,14 +424,14 @@ void dailyflexgrid::setEntryCommands(bool anyRow, bool several) {
 // Figures and the employee panel
 
 void dailyflexgrid::ShowDayFigures() {
-    LaborEstimate =
-        s_.settings.gb_ShowLaborCostsOnDailyForm
-            ? "Labor Cost: " + common::formatNumber(payroll::GetDailyLaborCost(s_, s_.activeDate), "$00.00", s_.locale)
-            : std::string();
-    TotalHours =
-        s_.settings.gb_ShowTotalHoursOnDailyForm
-            ? "Total Hours: " + common::formatNumber(payroll::GetDailyHours(s_, s_.activeDate), "0.00", s_.locale)
-            : std::string();
+    LaborEstimate = s_.settings.gb_ShowLaborCostsOnDailyForm
+                        ? "Labor Cost: " + common::formatNumber(payroll::GetDailyLaborCost(s_, s_.activeDate, reads),
+                                                                "$00.00", s_.locale)
+                        : std::string();
+    TotalHours = s_.settings.gb_ShowTotalHoursOnDailyForm
+                     ? "Total Hours: " +
+                           common::formatNumber(payroll::GetDailyHours(s_, s_.activeDate, reads), "0.00", s_.locale)
+                     : std::string();
 }
 
 void dailyflexgrid::UpdateEmployeePanel(long personid) {
@@ -382,17 +494,11 @@ void dailyflexgrid::FillEmployeeList() {
     MarkEmployeeList();
 }
 
-bool dailyflexgrid::scheduledOn(long personid, Date day, bool allSchedules) {
-    if (allSchedules)
-        return !GetRecs(s_, "select lname from sched where personid=? and sday=?", {personid, day}).empty();
-    return !GetRecs(s_, "select lname from sched where personid=? and sday=? and sname=?",
-                    {personid, day, s_.currentSchedule})
-                .empty();
-}
-
 std::optional<std::pair<DateTime, DateTime>> dailyflexgrid::quickBarTimes() const {
-    const reference::TimeEntry start{main_.quickBar().TETxtHr[1], main_.quickBar().TeTxtMin[1], main_.quickBar().TEAmPm[1]};
-    const reference::TimeEntry end{main_.quickBar().TETxtHr[0], main_.quickBar().TeTxtMin[0], main_.quickBar().TEAmPm[0]};
+    const reference::TimeEntry start{main_.quickBar().TETxtHr[1], main_.quickBar().TeTxtMin[1],
+                                     main_.quickBar().TEAmPm[1]};
+    const reference::TimeEntry end{main_.quickBar().TETxtHr[0], main_.quickBar().TeTxtMin[0],
+                                   main_.quickBar().TEAmPm[0]};
     if (!start.hasHour() || !end.hasHour()) return std::nullopt;
     const auto from = start.on(s_.activeDate);
     const auto to = end.on(s_.activeDate);
@@ -404,16 +510,13 @@ void dailyflexgrid::MarkEmployeeList() {
     if (loading_) return;
     const Date day = s_.activeDate;
     const auto times = quickBarTimes();
-    // **Unassigned** keeps its picture. Each later mark overwrites the earlier: leave beats not
-    // available, which beats scheduled (MarkEmployee orders them the other way).
-    for (std::size_t i = 1; i < lstlist.rows.size(); ++i) {
-        EmployeeList::Row& row = lstlist.rows[i];
-        row.picture = kPictureNone;
-        if (scheduledOn(row.personid, day, s_.settings.gb_CheckConflictAllSchedules)) row.picture = kPictureScheduled;
-        if (times && !CheckAvailability(s_, row.personid, day, times->first, times->second))
-            row.picture = kPictureNotAvailable;
-        if (!GetLeaveType(s_, row.personid, day).empty()) row.picture = kPictureOnLeave;
-    }
+    const bool allSchedules = s_.settings.gb_CheckConflictAllSchedules;
+    FactsPerEmployee perEmployee(s_, day, allSchedules);
+    FactsOfDay ofDay(s_, day, allSchedules);
+    ListFacts& facts = reads == payroll::DayReads::Batched ? static_cast<ListFacts&>(ofDay) : perEmployee;
+    // **Unassigned** keeps its picture.
+    for (std::size_t i = 1; i < lstlist.rows.size(); ++i)
+        lstlist.rows[i].picture = listPicture(facts, lstlist.rows[i].personid, times);
     UpdateEmployeePanel(selectedEmployee());
     s_.refreshWanted = false;
 }
@@ -429,7 +532,7 @@ void dailyflexgrid::MarkEmployee(long personid, Date day, std::optional<DateTime
     it->picture = kPictureNone;
     if (start && end && !CheckAvailability(s_, personid, day, *start, *end)) it->picture = kPictureNotAvailable;
     if (!GetLeaveType(s_, personid, day).empty()) it->picture = kPictureOnLeave;
-    if (scheduledOn(personid, day, false)) it->picture = kPictureScheduled;
+    if (scheduledOn(s_, personid, day, false)) it->picture = kPictureScheduled;
 }
 
 void dailyflexgrid::lstlist_Click(int row) {
@@ -597,9 +700,12 @@ void dailyflexgrid::Command3_Click() {
         const Recordset entry =
             GetRecs(s_, "select personid,sday,strttime,endtime from sched where schedid=? and sname=?",
                     {schedid, s_.currentSchedule});
-        SaveUndoSnapshot(s_, day, day, "Undo Delete Schedule", true, s_.currentSchedule);
-        if (!store::DeleteRecs(s_, "delete from sched where schedid = ? and sname=?", {schedid, s_.currentSchedule}))
-            return;
+        const bool deleted = runAsOneChange(s_, [&] {
+            SaveUndoSnapshot(s_, day, day, "Undo Delete Schedule", true, s_.currentSchedule);
+            return store::DeleteRecs(s_, "delete from sched where schedid = ? and sname=?",
+                                     {schedid, s_.currentSchedule});
+        });
+        if (!deleted) return;
         s_.refreshWanted = true;
         removeGridRow(schedid);
         if (!entry.empty()) {

@@ -8,6 +8,7 @@
 // run from 1. Colours are handed to the view as 0xRRGGBB (see rgbFromStored).
 
 #include "common/session.h"
+#include "payroll/day_figures.h"
 #include "reference/employee_records.h"
 #include "schedule/clipboard.h"
 #include "schedule/schedule_host.h"
@@ -169,6 +170,10 @@ public:
     std::string dailyReportSql;
     std::vector<store::Value> dailyReportParams;
 
+    // How the list's marks and the day's figures are read: over the whole day at once, or (to compare
+    // and measure) with the statements per employee and per entry. Both show the same.
+    payroll::DayReads reads = payroll::DayReads::Batched;
+
     // The employee picked in lstlist (-1 for **Unassigned**).
     long selectedEmployee() const;
     // True while the window is the active child: only then does a refresh enable the entry commands.
@@ -257,7 +262,6 @@ private:
     void removeGridRow(long schedid);
     void updateEntryCommands();
     void setEntryCommands(bool anyRow, bool several);
-    bool scheduledOn(long personid, Date day, bool allSchedules);
     std::optional<std::pair<DateTime, DateTime>> quickBarTimes() const;
     void afterClipboardChange(bool changed);
 

@@ -26,7 +26,7 @@ constexpr const char* kDailyTitle = "Daily Schedule";
 constexpr const char* kEditEntryTitle = "Edit Schedule Entry";
 constexpr std::string_view kAllAvailable = "YYYYYYYYYYYYYYYYYYYYYYYY";
 
-std::string messageDate(Session& s, Date d) { return common::formatDate(d, s.settings.reportdateformat, s.locale); }
+std::string messageDate(Session& s, Date d) { return common::formatDate(d, s.displayDateFormat, s.locale); }
 
 std::string alertFigure(Session& s, long hours) {
     return common::formatNumber(static_cast<double>(hours), "00.00", s.locale);
@@ -207,7 +207,7 @@ bool OverlapsOtherEntry(Session& s, long schedid, long personid, Date day, std::
     return hit;
 }
 
-bool CheckAvailability(Session& s, long personid, Date day, DateTime start, DateTime end) {
+bool AvailabilityAllows(DateTime start, DateTime end, const std::function<std::optional<std::string>(int)>& dayHours) {
     if (start == end) return true;
     // The bounds below are kept exactly as they are: the end's own hour counts only when the entry runs
     // into it, and on the second day of an overnight entry the first hour and the end's minutes never do.
@@ -222,7 +222,7 @@ bool CheckAvailability(Session& s, long personid, Date day, DateTime start, Date
         overnight = true;
     }
 
-    const auto first = availabilityOf(s, personid, day);
+    const auto first = dayHours(0);
     if (first && *first != kAllAvailable) {
         // A restricted first day decides alone; the next day is not looked at, even overnight.
         for (std::size_t i = a; i <= b; ++i) {
@@ -233,13 +233,17 @@ bool CheckAvailability(Session& s, long personid, Date day, DateTime start, Date
     }
     if (!overnight) return true;
 
-    const auto second = availabilityOf(s, personid, day.addDays(1));
+    const auto second = dayHours(1);
     if (!second || *second == kAllAvailable) return true;
     for (std::size_t i = 1; i <= h; ++i) {
         const std::size_t p = firstUnavailable(*second, i);
         if (p != 0 && p - 1 >= 1 && p <= h) return false;
     }
     return true;
+}
+
+bool CheckAvailability(Session& s, long personid, Date day, DateTime start, DateTime end) {
+    return AvailabilityAllows(start, end, [&](int offset) { return availabilityOf(s, personid, day.addDays(offset)); });
 }
 
 std::string GetLeaveType(Session& s, long personid, Date day) {

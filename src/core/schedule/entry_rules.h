@@ -7,6 +7,7 @@
 
 #include "common/session.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -45,6 +46,10 @@ bool OverlapsOtherEntry(Session& s, long schedid, long personid, Date day, std::
 // True when the employee's availability string allows the hours of start..end (only their clock
 // times count).
 bool CheckAvailability(Session& s, long personid, Date day, DateTime start, DateTime end);
+// The same test over the availability strings themselves: `dayHours(0)` gives the trimmed `houravail`
+// of the entry's day (nullopt when there is no row), `dayHours(1)` the next day's, asked only when the
+// first says nothing about an overnight entry.
+bool AvailabilityAllows(DateTime start, DateTime end, const std::function<std::optional<std::string>(int)>& dayHours);
 // The kind of leave the employee has on `day`, or empty.
 std::string GetLeaveType(Session& s, long personid, Date day);
 // No conflict, available and not on leave.

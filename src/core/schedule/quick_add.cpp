@@ -9,8 +9,8 @@
 #include "schedule/daily_entry.h"
 #include "schedule/daily_schedule.h"
 #include "schedule/entry_rules.h"
-#include "schedule/undo.h"
 #include "schedule/schedule_host.h"
+#include "schedule/undo.h"
 #include "store/access.h"
 
 #include <exception>
@@ -41,8 +41,10 @@ bool dailyflexgrid::addfromlv_Click() {
         // Empty minutes read as whole hours, in the quick bar itself.
         for (std::size_t i : {std::size_t{1}, std::size_t{0}})
             if (common::trim(main_.quickBar().TeTxtMin[i]).empty()) main_.quickBar().TeTxtMin[i] = "00";
-        const reference::TimeEntry startFields{main_.quickBar().TETxtHr[1], main_.quickBar().TeTxtMin[1], main_.quickBar().TEAmPm[1]};
-        const reference::TimeEntry endFields{main_.quickBar().TETxtHr[0], main_.quickBar().TeTxtMin[0], main_.quickBar().TEAmPm[0]};
+        const reference::TimeEntry startFields{main_.quickBar().TETxtHr[1], main_.quickBar().TeTxtMin[1],
+                                               main_.quickBar().TEAmPm[1]};
+        const reference::TimeEntry endFields{main_.quickBar().TETxtHr[0], main_.quickBar().TeTxtMin[0],
+                                             main_.quickBar().TEAmPm[0]};
         const Date day = s_.activeDate;
 
         const auto times = readEntryTimes(s_, day, startFields, endFields);
@@ -101,18 +103,21 @@ bool dailyflexgrid::addfromlv_Click() {
 
         // The insert itself cannot be undone, and an older snapshot would no longer fit the day.
         ClearUndo(s_);
+        // The insert and the turning of the transient id into -1 go in together or not at all: a row
+        // left at -2 would be found by the next unassigned add's read-back.
+        store::Transaction transaction(s_);
         if (!store::InsertRecs(s_,
                                "Insert into sched (personid,lname,fname,sday,strttime,endtime,position,shift,section,"
                                "sname) values (?,?,?,?,?,?,?,?,?,?)",
                                {personid, lname, fname, day, start, end, position, shift, section, s_.currentSchedule}))
-            return false;
-        s_.refreshWanted = true;
+            return false;  // the access layer has said why; nothing else was written
 
         Recordset added = GetRecs(s_,
                                   "select * from sched where personid=? and sday = ? and strttime=? and endtime=? and "
                                   "shift = ? and sname =?",
                                   {personid, day, start, end, shift, s_.currentSchedule});
         if (added.empty()) {
+            // Left without its commit: the row that cannot be found again does not stay either.
             ui.message("A system error occurred, schedule record not found. [addfromlv]", MsgButtons::Ok, MsgIcon::None,
                        {});
             return false;
@@ -121,6 +126,8 @@ bool dailyflexgrid::addfromlv_Click() {
         if (personid == kTransientUnassignedId)
             store::UdateRecs(s_, "update sched set personid=? where personid =?",
                              {kUnassignedId, kTransientUnassignedId});
+        if (!transaction.commit()) return false;
+        s_.refreshWanted = true;
 
         PlayAppSound(s_, "tm_shck.wav");
 

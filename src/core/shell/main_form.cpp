@@ -4,9 +4,12 @@
 #include "common/numbers.h"
 #include "common/text.h"
 #include "maintenance/access_control.h"
+#include "reports/page_setup.h"
 #include "shell/menus.h"
 #include "store/undo_snapshot.h"
 #include "store/access.h"
+#include "store/database.h"
+#include "store/online_backup.h"
 #include "store/schema_upgrade.h"
 
 #include <algorithm>
@@ -30,6 +33,8 @@ constexpr const char* kSelectOption = "select optionvalue from options where opt
 constexpr const char* kCannotContinue = "Without a schedule data file Tallymere cannot continue.";
 constexpr const char* kNotFoundTitle = "Tallymere database could not be found";
 constexpr const char* kDailyWindow = "dailyflexgrid";
+// The default width of a day column is the one that fits this many days on the page.
+constexpr int kDefaultReportDays = 7;
 
 bool isFolder(const std::string& path) {
     std::error_code ec;
@@ -41,12 +46,17 @@ bool isFile(const std::string& path) {
     return fs::is_regular_file(path, ec);
 }
 
-// Whether the folder holds the database, its name compared without regard to case, as it is on the
-// systems where the data folder may have been filled. A folder that cannot be listed throws.
-bool databaseInFolder(const std::string& folder) {
-    for (const fs::directory_entry& e : fs::directory_iterator(folder))
-        if (common::equalsNoCase(e.path().filename().string(), Session::kDatabaseFileName)) return true;
-    return false;
+// The name of the database in the folder, compared without regard to case, as it is on the systems
+// where the data folder may have been filled; the exact name when there are several. Empty when
+// there is none. A folder that cannot be listed throws.
+std::string databaseInFolder(const std::string& folder) {
+    std::string found;
+    for (const fs::directory_entry& e : fs::directory_iterator(folder)) {
+        const std::string name = e.path().filename().string();
+        if (name == Session::kDatabaseFileName) return name;
+        if (found.empty() && common::equalsNoCase(name, Session::kDatabaseFileName)) found = name;
+    }
+    return found;
 }
 
 int readCount(const std::string& text) {
@@ -513,8 +523,11 @@ bool MainForm::openDatabase(bool firstStart, const std::string& defaultFolder) {
     const std::string templatePath = s_.programFolder + "/" + Session::kTemplateFileName;
     const std::string shippedPath = s_.programFolder + "/" + Session::kDatabaseFileName;
 
-    // 9. A first start makes the database without a word; a later one asks.
-    if (!databaseInFolder(s_.DataFolder())) {
+    // 9. A first start makes the database without a word; a later one asks. A file found under
+    // another case is the one opened, not a new one made beside it.
+    if (const std::string found = databaseInFolder(s_.DataFolder()); !found.empty()) {
+        s_.setDatabaseFileName(found);
+    } else {
         if (firstStart) {
             fs::copy_file(isFile(shippedPath) ? shippedPath : templatePath, s_.DatabasePath(),
                           fs::copy_options::overwrite_existing);
@@ -555,11 +568,16 @@ bool MainForm::openDatabase(bool firstStart, const std::string& defaultFolder) {
     }
     store::CloseDB(s_);
 
-    // 13. The copy of the file as the previous run left it.
+    // 13. The copy of the file as the previous run left it, through the engine: another program
+    // writing to the file at this moment is waited for, never copied half way.
     if (!shared) {
         fs::path bak(s_.DatabasePath());
         bak.replace_extension(".bak");
-        fs::copy_file(s_.DatabasePath(), bak, fs::copy_options::overwrite_existing);
+        if (const store::DbError e =
+                store::backupDatabaseFile(s_.DatabasePath(), bak.string(), nullptr, store::db(s_).busyTimeout()))
+            return handleLoadFailure(
+                e.kind == store::DbErrorKind::MissingFile ? LoadFailure::MissingPath : LoadFailure::Other, e.number,
+                e.description);
     }
 
     // 14.
@@ -591,6 +609,7 @@ bool MainForm::finishStart() {
     store::getoptions(s_);
     tickSortEntries(s_.settings.dailyschedsort);
     changed();
+    reportDefaults();
     if (!store::getreportoptions(s_)) return leave();
 
     // 19. Before the version is written: the repair looks at the previous run's version.
@@ -633,6 +652,16 @@ bool MainForm::finishStart() {
     // 28.
     if (s_.settings.nrun == 1) s_.ui().showModal("firstrun");
     return true;
+}
+
+void MainForm::reportDefaults() {
+    // The page as the page settings describe it. The paper is kept in the options but not loaded at
+    // start; without one (or with one the surface does not know) it is Letter.
+    common::GlobalSettings page = s_.settings;
+    page.gs_PaperSize = store::GetOption(s_, "gs_PaperSize");
+    const reports::PageSettings p = reports::pageSettingsFrom(page);
+    s_.settings.gi_ReportColumnWidth =
+        reports::fitColumnWidthInches(p.pageWidth(), p.marginLeft, p.marginRight, kDefaultReportDays);
 }
 
 void MainForm::openLastSchedule() {

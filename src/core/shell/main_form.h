@@ -196,6 +196,8 @@ private:
     bool leave();
     bool openDatabase(bool firstStart, const std::string& defaultFolder);
     bool finishStart();
+    // The report settings' defaults that come from the page: the width of a day column.
+    void reportDefaults();
     bool handleLoadFailure(LoadFailure kind, int number, const std::string& description);
     void openLastSchedule();
     void tickSortEntries(std::string_view column);

@@ -16,10 +16,6 @@ struct sqlite3_stmt;
 
 namespace tallymere::store {
 
-// How long a statement waits for another connection's lock before it fails: long enough for the
-// short writes of other copies on a share, short enough that a file held for good is reported.
-inline constexpr int kBusyTimeoutMs = 5000;
-
 class Connection {
 public:
     // Opens an existing database file for reading and writing. With `checkApplication` the file must

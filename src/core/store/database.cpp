@@ -130,16 +130,24 @@ std::string Database::damagedCopyPath(const std::string& databasePath) {
 
 namespace {
 
+// Another connection holds the file: not damage, and no reason to touch it.
+bool inUse(int rc) { return (rc & 0xff) == SQLITE_BUSY || (rc & 0xff) == SQLITE_LOCKED; }
+
+DbError inUseError(const std::string& path) {
+    return {DbErrorKind::NotWritable, SQLITE_BUSY, "The file " + path + " is in use by another program."};
+}
+
 // Reads one table of a damaged file row by row, skipping past pages that cannot be read, and writes
-// what it gets into the same table of the rebuilt file.
-void salvageTable(sqlite3* from, sqlite3* to, const std::string& table) {
+// what it gets into the same table of the rebuilt file. False when the file turned out to be in use:
+// rows skipped then would be rows lost, not damaged.
+bool salvageTable(sqlite3* from, sqlite3* to, const std::string& table) {
     const std::string quoted = "\"" + table + "\"";
     sqlite3_stmt* insert = nullptr;
     sqlite3_stmt* read = nullptr;
     const std::string readSql = "SELECT rowid, * FROM " + quoted + " WHERE rowid > ? ORDER BY rowid";
-    if (sqlite3_prepare_v2(from, readSql.c_str(), -1, &read, nullptr) != SQLITE_OK) {
+    if (const int rc = sqlite3_prepare_v2(from, readSql.c_str(), -1, &read, nullptr); rc != SQLITE_OK) {
         sqlite3_finalize(read);
-        return;
+        return !inUse(rc);
     }
     const int columns = sqlite3_column_count(read) - 1;
     std::string insertSql = "INSERT OR IGNORE INTO " + quoted + " (rowid";
@@ -150,7 +158,7 @@ void salvageTable(sqlite3* from, sqlite3* to, const std::string& table) {
     if (sqlite3_prepare_v2(to, insertSql.c_str(), -1, &insert, nullptr) != SQLITE_OK) {
         sqlite3_finalize(read);
         sqlite3_finalize(insert);
-        return;
+        return true;
     }
     sqlite3_int64 after = -1;
     sqlite3_int64 skip = 1;
@@ -166,6 +174,11 @@ void salvageTable(sqlite3* from, sqlite3* to, const std::string& table) {
             skip = 1;
         }
         if (rc == SQLITE_DONE) break;
+        if (inUse(rc)) {
+            sqlite3_finalize(read);
+            sqlite3_finalize(insert);
+            return false;
+        }
         // A damaged page: jump over it, further each time it stops us again, up to the largest key.
         constexpr sqlite3_int64 kLargest = std::numeric_limits<sqlite3_int64>::max();
         if (after > kLargest - skip) break;
@@ -174,13 +187,16 @@ void salvageTable(sqlite3* from, sqlite3* to, const std::string& table) {
     }
     sqlite3_finalize(read);
     sqlite3_finalize(insert);
+    return true;
 }
 
-std::string integrity(sqlite3* db) {
+// The engine's verdict on the file: "ok", its first complaint, or "unreadable"; `rc` is the engine's
+// result, SQLITE_BUSY or SQLITE_LOCKED when another connection held the file past the busy timeout.
+std::string integrity(sqlite3* db, int& rc) {
     sqlite3_stmt* stmt = nullptr;
     std::string result = "unreadable";
-    if (sqlite3_prepare_v2(db, "PRAGMA quick_check", -1, &stmt, nullptr) == SQLITE_OK &&
-        sqlite3_step(stmt) == SQLITE_ROW) {
+    rc = sqlite3_prepare_v2(db, "PRAGMA quick_check", -1, &stmt, nullptr);
+    if (rc == SQLITE_OK && (rc = sqlite3_step(stmt)) == SQLITE_ROW) {
         const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(stmt, 0));
         result = text ? text : "";
     }
@@ -209,15 +225,26 @@ DbError Database::repair() {
     if (!fs::is_regular_file(path, ec))
         return {DbErrorKind::MissingFile, SQLITE_CANTOPEN, "The file " + path + " does not exist."};
 
+    // Read before the engine opens the file: closing another handle on it later would drop the
+    // engine's locks on it.
+    const int id = applicationId(path);
     sqlite3* damaged = nullptr;
     if (sqlite3_open_v2(path.c_str(), &damaged, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK) {
         DbError e = Connection::errorFrom(sqlite3_errcode(damaged), damaged);
         sqlite3_close(damaged);
         return e;
     }
-    // Opened for writing so that a journal left by a crash is rolled back by this first read.
-    const std::string check = integrity(damaged);
-    const int id = applicationId(path);
+    // Another copy writing on a share holds its lock for a moment: wait for it as a statement would.
+    sqlite3_busy_timeout(damaged, busyTimeoutMs_);
+    // Opened for writing so that a journal left by a crash is rolled back by this first read. The
+    // read lock is kept to the end, so no other copy writes while the file is checked and salvaged.
+    sqlite3_exec(damaged, "BEGIN", nullptr, nullptr, nullptr);
+    int rc = SQLITE_OK;
+    const std::string check = integrity(damaged, rc);
+    if (inUse(rc)) {
+        sqlite3_close(damaged);
+        return inUseError(path);
+    }
     if (id == kApplicationId && check == "ok") {
         sqlite3_close(damaged);
         return {};
@@ -242,9 +269,10 @@ DbError Database::repair() {
     std::vector<std::pair<std::string, std::string>> tables;  // name, CREATE statement
     std::vector<std::string> indexes;
     sqlite3_stmt* schema = nullptr;
-    if (sqlite3_prepare_v2(damaged, "SELECT type, name, sql FROM sqlite_master WHERE sql IS NOT NULL", -1, &schema,
-                           nullptr) == SQLITE_OK) {
-        while (sqlite3_step(schema) == SQLITE_ROW) {
+    rc = sqlite3_prepare_v2(damaged, "SELECT type, name, sql FROM sqlite_master WHERE sql IS NOT NULL", -1, &schema,
+                            nullptr);
+    if (rc == SQLITE_OK) {
+        while ((rc = sqlite3_step(schema)) == SQLITE_ROW) {
             const std::string type = reinterpret_cast<const char*>(sqlite3_column_text(schema, 0));
             const std::string name = reinterpret_cast<const char*>(sqlite3_column_text(schema, 1));
             const std::string sql = reinterpret_cast<const char*>(sqlite3_column_text(schema, 2));
@@ -253,6 +281,12 @@ DbError Database::repair() {
         }
     }
     sqlite3_finalize(schema);
+    if (inUse(rc)) {
+        sqlite3_close(fresh);
+        sqlite3_close(damaged);
+        fs::remove(rebuilt, ec);
+        return inUseError(path);
+    }
     if (tables.empty()) {
         sqlite3_close(fresh);
         sqlite3_close(damaged);
@@ -263,14 +297,19 @@ DbError Database::repair() {
         fresh,
         ("PRAGMA journal_mode=DELETE; PRAGMA application_id=" + std::to_string(kApplicationId) + "; BEGIN;").c_str(),
         nullptr, nullptr, nullptr);
+    bool salvaged = true;
     for (const auto& [name, sql] : tables) {
         sqlite3_exec(fresh, sql.c_str(), nullptr, nullptr, nullptr);
-        salvageTable(damaged, fresh, name);
+        if (!(salvaged = salvageTable(damaged, fresh, name))) break;
     }
     for (const auto& sql : indexes) sqlite3_exec(fresh, sql.c_str(), nullptr, nullptr, nullptr);
-    const bool committed = sqlite3_exec(fresh, "COMMIT;", nullptr, nullptr, nullptr) == SQLITE_OK;
+    const bool committed = salvaged && sqlite3_exec(fresh, "COMMIT;", nullptr, nullptr, nullptr) == SQLITE_OK;
     sqlite3_close(fresh);
     sqlite3_close(damaged);
+    if (!salvaged) {
+        fs::remove(rebuilt, ec);
+        return inUseError(path);
+    }
     if (!committed) {
         fs::remove(rebuilt, ec);
         return {DbErrorKind::Damaged, SQLITE_CORRUPT, "The rebuilt database could not be written."};

@@ -17,6 +17,11 @@ enum class DbErrorKind {
     Other,
 };
 
+// How long a statement waits for another connection's lock before it fails with NotWritable: long
+// enough for the short writes of other copies on a share, short enough that a file held for good is
+// reported.
+inline constexpr int kBusyTimeoutMs = 5000;
+
 struct DbError {
     DbErrorKind kind = DbErrorKind::None;
     int number = 0;           // the engine's extended result code, shown to the user

@@ -103,6 +103,14 @@ void load(Session& s, std::string_view key, double& global, double def) {
     if (const std::string v = GetOption(s, key); !v.empty()) global = parseDouble(v);
 }
 
+// The width of a day column: a stored value that is no positive number (the 0 once written at every
+// exit, or text) gives way to the default, the width worked out from the page at start.
+void loadColumnWidth(Session& s, std::string_view key, double& global, double def) {
+    global = def;
+    const auto n = common::parseNumberStrict(GetOption(s, key));
+    if (n && std::isfinite(*n) && *n > 0) global = *n;
+}
+
 void save(Session& s, std::string_view key, const std::string& v) { SaveOption(s, key, v); }
 void save(Session& s, std::string_view key, bool v) { SaveOption(s, key, boolText(v)); }
 void save(Session& s, std::string_view key, int v) { SaveOption(s, key, std::to_string(v)); }
@@ -111,6 +119,7 @@ void save(Session& s, std::string_view key, double v) { SaveOption(s, key, numbe
 // The key of every global is its member's name; this keeps the two from drifting apart.
 #define TM_LOAD(name) load(s, #name, g.name, d.name);
 #define TM_SAVE(name) save(s, #name, g.name);
+#define TM_LOAD_WIDTH(name) loadColumnWidth(s, #name, g.name, d.name);
 
 // Daily form, copy and payroll choices, in the order they are loaded.
 #define TM_DAILY_OPTIONS(X) \
@@ -147,7 +156,7 @@ void save(Session& s, std::string_view key, double v) { SaveOption(s, key, numbe
     X(gd_OvertimeFactor)
 
 // The report options: employee, position, shift and monthly weekly reports, leave, shared.
-#define TM_REPORT_OPTIONS(X) \
+#define TM_REPORT_OPTIONS(X, WIDTH) \
     X(gb_RepWeekEmpAllEmployees) \
     X(gs_RepWeekEmpGroupBy) \
     X(gs_RepWeekEmpFont) \
@@ -201,7 +210,7 @@ void save(Session& s, std::string_view key, double v) { SaveOption(s, key, numbe
     X(gb_PrintGridFontItalic) \
     X(gb_ReportFitToPage) \
     X(gi_ReportNumDays) \
-    X(gi_ReportColumnWidth) \
+    WIDTH(gi_ReportColumnWidth) \
     X(gs_ReportNameFormat) \
     X(gs_ReportTimeFormat)
 
@@ -303,7 +312,7 @@ void loadReportOptions(Session& s) {
     d.gi_ReportColumnWidth = g.gi_ReportColumnWidth;
 
     // An empty name format keeps "Smith, John" like any other empty value.
-    TM_REPORT_OPTIONS(TM_LOAD)
+    TM_REPORT_OPTIONS(TM_LOAD, TM_LOAD_WIDTH)
 }
 
 // Kept by their own windows; written at exit only when this run holds a value, so that a run which
@@ -386,7 +395,7 @@ void saveoptions(Session& s) {
     TM_SAVE(tooldateformat)
     TM_SAVE(tooldatecustomformat)
 
-    TM_REPORT_OPTIONS(TM_SAVE)
+    TM_REPORT_OPTIONS(TM_SAVE, TM_SAVE)
     TM_SAVE(gb_RepWeekPosTotalHrs)
 
     saveIfSet(s, "gs_PrinterDevice", g.gs_PrinterDevice);
@@ -398,6 +407,7 @@ void saveoptions(Session& s) {
 
 #undef TM_LOAD
 #undef TM_SAVE
+#undef TM_LOAD_WIDTH
 #undef TM_DAILY_OPTIONS
 #undef TM_MARGIN_OPTIONS
 #undef TM_RULE_OPTIONS

@@ -10,6 +10,16 @@ namespace tallymere::store {
 
 namespace {
 
+// As in the template; a file that has them already keeps its own.
+constexpr const char* kIndexes[] = {
+    "CREATE INDEX IF NOT EXISTS sched_day ON sched (sname, sday)",
+    "CREATE INDEX IF NOT EXISTS sched_person ON sched (personid, sday)",
+    "CREATE INDEX IF NOT EXISTS sched_date ON sched (sday)",
+    "CREATE INDEX IF NOT EXISTS availability_person_day ON availability (personid, sday)",
+    "CREATE INDEX IF NOT EXISTS employeeleave_person ON employeeleave (personid, sday)",
+    "CREATE INDEX IF NOT EXISTS employeeleave_day ON employeeleave (sday)",
+};
+
 bool hasColumn(Connection& c, const char* table, std::string_view column) {
     Recordset rs;
     if (c.query(std::string("PRAGMA table_info(") + table + ")", {}, rs)) return false;
@@ -27,10 +37,13 @@ void UpgradeSchema(common::Session& s) {
     if (!c) return;
 
     // Up to here a failing step is ignored and the next one runs.
-    if (!hasColumn(*c, "daynote", "sname")) (void)c->execute("ALTER TABLE daynote ADD COLUMN sname TEXT(255) COLLATE NOCASE", {});
+    if (!hasColumn(*c, "daynote", "sname"))
+        (void)c->execute("ALTER TABLE daynote ADD COLUMN sname TEXT(255) COLLATE NOCASE", {});
     if (!hasColumn(*c, "daynote", "dailysales")) (void)c->execute("ALTER TABLE daynote ADD COLUMN dailysales REAL", {});
     (void)c->execute("ALTER TABLE desiredshift ADD COLUMN Position TEXT(50) COLLATE NOCASE", {});
     (void)c->execute("ALTER TABLE desiredshifttemp ADD COLUMN Position TEXT(50) COLLATE NOCASE", {});
+    // The indexes the daily reads rest on, for files made before the template had them.
+    for (const char* index : kIndexes) (void)c->execute(index, {});
 
     // From here the first error ends the routine. Adding `daynum` fails once it exists, which is what
     // makes the numbering below run once in the life of a database.

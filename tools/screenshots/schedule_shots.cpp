@@ -1,23 +1,17 @@
-// Pictures of the schedule windows on a busy day of a small restaurant, for a person to look at.
-// Runs only when TALLYMERE_SHOTS names a folder: TALLYMERE_SHOTS=/tmp/shots tallymere_app_tests
-// --gtest_filter='ScheduleScreenshots*'
-
-#include "app/common/qt_ui.h"
 #include "app/schedule/daily_entry_dialog.h"
 #include "app/schedule/daily_schedule_window.h"
-#include "app/shell/main_window.h"
-#include "app_test.h"
 #include "reference/position_windows.h"
+#include "scene.h"
 #include "store/access.h"
 
 #include <QApplication>
-#include <QDir>
-#include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QTimer>
 #include <QTreeWidget>
+#include <cstdio>
+#include <tuple>
 
-namespace tallymere::testing {
+namespace tallymere::shots {
+
 namespace {
 
 using common::Date;
@@ -25,29 +19,50 @@ using common::DateTime;
 
 const Date kDay = Date::fromYmd(2026, 11, 27);  // a Friday
 
-class ScheduleScreenshots : public AppDatabaseTest {
-protected:
-    void SetUp() override {
-        folder_ = qEnvironmentVariable("TALLYMERE_SHOTS");
-        if (folder_.isEmpty()) GTEST_SKIP() << "TALLYMERE_SHOTS is not set";
-        QDir().mkpath(folder_);
-        AppDatabaseTest::SetUp();
+class ScheduleShots {
+public:
+    explicit ScheduleShots(Scene& scene) : scene_(scene) {}
+
+    void run() {
         fill();
-        window = std::make_unique<app::MainWindow>(s(), qtUi);
-        app::registerReferenceWindows(*window);
-        app::registerScheduleWindows(*window);
-        window->mainForm().SetupQuickBar();
-        window->mainForm().mnuQuickBar_Click();
-        window->resize(1280, 800);
-        window->show();
-        window->activeDateChanged();
-        window->captionChanged();
-        window->runCommand("mnudailyschedule");
-        daily = dynamic_cast<app::DailyScheduleWindow*>(window->findChild(QStringLiteral("dailyflexgrid")));
-        ASSERT_NE(daily, nullptr);
+        app::MainWindow& window = scene_.window();
+        window.mainForm().SetupQuickBar();
+        window.mainForm().mnuQuickBar_Click();
+        window.resize(1280, 800);
+        window.show();
+        window.activeDateChanged();
+        window.captionChanged();
+        window.runCommand("mnudailyschedule");
+        daily = dynamic_cast<app::DailyScheduleWindow*>(
+            static_cast<app::AppContext&>(window).findChild(QStringLiteral("dailyflexgrid")));
+        if (!daily) {
+            std::fprintf(stderr, "The daily schedule did not open\n");
+            return;
+        }
         daily->parentWidget()->showMaximized();
         QApplication::processEvents();
+        auto* list = daily->findChild<QTreeWidget*>(QStringLiteral("lstlist"));
+        list->setCurrentItem(list->topLevelItem(1));
+        save(&scene_.window(), "daily-busy-day");
+
+        daily->setWeekView(true);
+        save(&scene_.window(), "daily-week");
+        daily->setWeekView(false);
+
+        const long schedid = static_cast<long>(
+            store::GetRecs(s(), "select schedid from sched where lname='Fischer'")["schedid"].toLong());
+        app::DailyAddDialog editor(s(), schedid, &scene_.window());
+        if (!editor.loaded()) {
+            std::fprintf(stderr, "The entry editor did not load\n");
+            return;
+        }
+        editor.show();
+        save(&editor, "dailyadd");
     }
+
+private:
+    common::Session& s() { return scene_.s(); }
+    void save(QWidget* w, const char* name) { scene_.save(w, QString::fromLatin1(name)); }
 
     long person(const char* last, const char* first, const char* position) {
         store::InsertRecs(s(),
@@ -127,33 +142,12 @@ protected:
                           {ken, "Ito", "Ken", "Friday", std::string(12, 'N') + std::string(12, 'Y')});
     }
 
-    void save(QWidget* w, const char* name) {
-        QApplication::processEvents();
-        EXPECT_TRUE(w->grab().save(folder_ + QLatin1Char('/') + QLatin1String(name) + QStringLiteral(".png")));
-    }
-
-    QString folder_;
-    app::QtUi qtUi;
-    std::unique_ptr<app::MainWindow> window;
+    Scene& scene_;
     app::DailyScheduleWindow* daily = nullptr;
 };
 
-TEST_F(ScheduleScreenshots, BusyDayWeekAndEditor) {
-    auto* list = daily->findChild<QTreeWidget*>(QStringLiteral("lstlist"));
-    list->setCurrentItem(list->topLevelItem(1));
-    save(window.get(), "daily-busy-day");
-
-    daily->setWeekView(true);
-    save(window.get(), "daily-week");
-    daily->setWeekView(false);
-
-    const long schedid =
-        static_cast<long>(store::GetRecs(s(), "select schedid from sched where lname='Fischer'")["schedid"].toLong());
-    app::DailyAddDialog editor(s(), schedid, window.get());
-    ASSERT_TRUE(editor.loaded());
-    editor.show();
-    save(&editor, "dailyadd");
-}
-
 }  // namespace
-}  // namespace tallymere::testing
+
+void scheduleShots(Scene& scene) { ScheduleShots(scene).run(); }
+
+}  // namespace tallymere::shots

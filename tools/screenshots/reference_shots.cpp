@@ -1,7 +1,3 @@
-// Pictures of the reference windows on a small business's data, for a person to look at. Runs only
-// when TALLYMERE_SHOTS names a folder: TALLYMERE_SHOTS=/tmp/shots tallymere_app_tests
-// --gtest_filter='ReferenceScreenshots*'
-
 #include "app/reference/add_staff_window.h"
 #include "app/reference/desired_shift_window.h"
 #include "app/reference/edit_staff_new_window.h"
@@ -16,34 +12,130 @@
 #include "app/reference/section_windows.h"
 #include "app/reference/settings_window.h"
 #include "app/reference/shift_windows.h"
-#include "reference_fake_context.h"
+#include "reference/position_windows.h"
+#include "scene.h"
 #include "store/access.h"
 
 #include <QComboBox>
 #include <QDateEdit>
-#include <QDir>
 #include <QImage>
 #include <QListWidget>
 #include <QPainter>
 #include <QPushButton>
 #include <QTabWidget>
+#include <cstdio>
 
-namespace tallymere::testing {
+namespace tallymere::shots {
+
 namespace {
 
 using common::DateTime;
 
-class ReferenceScreenshots : public AppDatabaseTest {
-protected:
-    void SetUp() override {
-        folder_ = qEnvironmentVariable("TALLYMERE_SHOTS");
-        if (folder_.isEmpty()) GTEST_SKIP() << "TALLYMERE_SHOTS is not set";
-        QDir().mkpath(folder_);
-        AppDatabaseTest::SetUp();
-        context = std::make_unique<FakeContext>(s());
-        app::registerReferenceWindows(*context);
+class ReferenceShots {
+public:
+    explicit ReferenceShots(Scene& scene) : scene_(scene), c_(scene.window()) {}
+
+    void run() {
         fill();
+        scene_.window().resize(1200, 800);
+        scene_.window().show();
+        const char* tabNames[] = {"shifts", "positions", "sections"};
+        for (int tab = 0; tab < 3; ++tab) {
+            QWidget* settings = app::openSettings(c_, tab);
+            saveChild(settings, QStringLiteral("settings-%1").arg(QLatin1String(tabNames[tab])));
+        }
+        c_.findChild(QStringLiteral("settings"))->parentWidget()->close();
+
+        {
+            app::ShiftAddWindow add(s(), c_.mainWindow());
+            saveDialog(add, "shiftadd");
+            app::EditShiftWindow edit(s(), "Night", c_.mainWindow());
+            saveDialog(edit, "EditShift");
+            app::PositionEditWindow position(s(), "Cook", c_.mainWindow());
+            saveDialog(position, "positionedit");
+            app::GroupAddWindow section(s(), c_.mainWindow());
+            saveDialog(section, "GroupAdd");
+        }
+
+        saveChild(app::openPersonList(c_), "PersonListFrm");
+        {
+            app::AddStaffWindow add(s(), c_.mainWindow());
+            saveDialog(add, "AddStaff");
+        }
+
+        const char* employeeTabs[] = {"general", "employment",     "pay",   "availability",
+                                      "desired", "qualifications", "leave", "picture"};
+        {
+            app::EditStaffWindow edit(c_, c_.mainWindow());
+            if (!edit.loaded()) {
+                std::fprintf(stderr, "The employee window did not load\n");
+                return;
+            }
+            edit.show();
+            edit.adjustSize();
+            auto* tabs = edit.findChild<QTabWidget*>("SSTab1");
+            for (int tab = 0; tab < tabs->count(); ++tab) {
+                tabs->setCurrentIndex(tab);
+                save(&edit, QStringLiteral("EditStaff-%1").arg(QLatin1String(employeeTabs[tab])));
+            }
+            // The small windows of the tabs.
+            reference::EmployeeRef employee{maria, "Alvarez", "Maria", "Cook"};
+            auto desired = std::make_unique<reference::adddesiredshift>(s(), employee);
+            desired->Load();
+            app::DesiredShiftWindow desiredWindow(std::move(desired), &edit);
+            saveDialog(desiredWindow, "adddesiredshift");
+            auto qualification = std::make_unique<reference::addqualifications>(s(), employee);
+            qualification->Load();
+            app::QualificationWindow qualificationWindow(std::move(qualification), &edit);
+            saveDialog(qualificationWindow, "addqualifications");
+            auto leave = std::make_unique<reference::employeeleaveedit>(s(), employee);
+            leave->Load();
+            app::LeaveWindow leaveWindow(std::move(leave), &edit);
+            saveDialog(leaveWindow, "employeeleaveedit");
+            app::PictureWindow picture(QString::fromStdString(edit.model().picturePath()), &edit);
+            picture.show();
+            save(&picture, "picturewindow");
+            edit.hide();
+        }
+        {
+            app::EditStaffNewWindow add(c_, c_.mainWindow());
+            add.show();
+            add.adjustSize();
+            save(&add, "EditStaffnew");
+            add.hide();
+        }
+
+        QWidget* calendar = app::openLeaveCalendar(c_);
+        if (auto* month = calendar->findChild<QDateEdit*>("leavecaldate")) month->setDate(QDate(2026, 12, 1));
+        saveChild(calendar, "leavecal");
+
+        QWidget* query = app::openQueryEmployee(c_);
+        auto* person = query->findChild<QComboBox*>("personcombo");
+        person->setCurrentIndex(0);
+        emit person->activated(0);
+        query->findChild<QDateEdit*>("startdate")->setDate(QDate(2026, 11, 1));
+        query->findChild<QPushButton*>("searchbutton")->click();
+        saveChild(query, "queryemployee");
+
+        {
+            app::OpenScheduleWindow open(c_, c_.mainWindow());
+            open.findChild<QListWidget*>("List1")->setCurrentRow(0);
+            saveDialog(open, "Openfrm");
+            app::ScheduleNameWindow rename(c_, open.model().List1[0].id, c_.mainWindow());
+            saveDialog(rename, "opennew-rename");
+            app::SaveAsWindow saveAs(c_, c_.mainWindow());
+            saveDialog(saveAs, "SaveAs");
+            app::DeleteScheduleWindow remove(c_, c_.mainWindow());
+            remove.findChild<QListWidget*>("List1")->setCurrentRow(0);
+            saveDialog(remove, "deletesched");
+        }
     }
+
+private:
+    common::Session& s() { return scene_.s(); }
+    void save(QWidget* w, const QString& name) { scene_.save(w, name); }
+    void saveChild(QWidget* w, const QString& name) { scene_.saveChild(w, name); }
+    void saveDialog(QWidget& w, const QString& name) { scene_.saveDialog(&w, name); }
 
     void shift(const char* name, int from, int to, const char* description) {
         const auto start = DateTime::fromParts(2006, 1, 1, from);
@@ -115,7 +207,7 @@ protected:
         p.drawEllipse(90, 60, 120, 140);
         p.drawRoundedRect(50, 210, 200, 150, 60, 60);
         p.end();
-        const QString file = QString::fromStdString(folder.str()) + QStringLiteral("/maria.bmp");
+        const QString file = scene_.dataFolder() + QStringLiteral("/maria.bmp");
         picture.save(file);
         store::UdateRecs(s(), "update person set picfile=? where personid=?", {file.toStdString(), maria});
 
@@ -131,123 +223,13 @@ protected:
         s().currentSchedule = "Autumn 2026";
     }
 
-    void save(QWidget* w, const QString& name) {
-        QApplication::processEvents();
-        EXPECT_TRUE(w->grab().save(folder_ + QLatin1Char('/') + name + QStringLiteral(".png"))) << name.toStdString();
-    }
-
-    // An MDI child with its frame and caption, at the size the window asks for.
-    void saveChild(QWidget* child, const QString& name) {
-        QWidget* frame = child->parentWidget();
-        if (auto* c = dynamic_cast<app::ChildWindow*>(child); c && c->defaultSize().isValid())
-            frame->resize(c->defaultSize());
-        save(frame, name);
-    }
-
-    void saveDialog(QDialog& dialog, const QString& name) {
-        dialog.show();
-        dialog.adjustSize();
-        save(&dialog, name);
-        dialog.hide();
-    }
-
-    std::unique_ptr<FakeContext> context;
+    Scene& scene_;
+    app::AppContext& c_;
     long maria = 0;
-
-private:
-    QString folder_;
 };
 
-TEST_F(ReferenceScreenshots, Windows) {
-    const char* tabNames[] = {"shifts", "positions", "sections"};
-    for (int tab = 0; tab < 3; ++tab) {
-        QWidget* settings = app::openSettings(*context, tab);
-        saveChild(settings, QStringLiteral("settings-%1").arg(QLatin1String(tabNames[tab])));
-    }
-    context->findChild("settings")->parentWidget()->close();
-
-    {
-        app::ShiftAddWindow add(s(), context->mainWindow());
-        saveDialog(add, "shiftadd");
-        app::EditShiftWindow edit(s(), "Night", context->mainWindow());
-        saveDialog(edit, "EditShift");
-        app::PositionEditWindow position(s(), "Cook", context->mainWindow());
-        saveDialog(position, "positionedit");
-        app::GroupAddWindow section(s(), context->mainWindow());
-        saveDialog(section, "GroupAdd");
-    }
-
-    saveChild(app::openPersonList(*context), "PersonListFrm");
-    {
-        app::AddStaffWindow add(s(), context->mainWindow());
-        saveDialog(add, "AddStaff");
-    }
-
-    const char* employeeTabs[] = {"general", "employment",     "pay",   "availability",
-                                  "desired", "qualifications", "leave", "picture"};
-    {
-        app::EditStaffWindow edit(*context, context->mainWindow());
-        ASSERT_TRUE(edit.loaded());
-        edit.show();
-        edit.adjustSize();
-        auto* tabs = edit.findChild<QTabWidget*>("SSTab1");
-        for (int tab = 0; tab < tabs->count(); ++tab) {
-            tabs->setCurrentIndex(tab);
-            save(&edit, QStringLiteral("EditStaff-%1").arg(QLatin1String(employeeTabs[tab])));
-        }
-        // The small windows of the tabs.
-        reference::EmployeeRef employee{maria, "Alvarez", "Maria", "Cook"};
-        auto desired = std::make_unique<reference::adddesiredshift>(s(), employee);
-        desired->Load();
-        app::DesiredShiftWindow desiredWindow(std::move(desired), &edit);
-        saveDialog(desiredWindow, "adddesiredshift");
-        auto qualification = std::make_unique<reference::addqualifications>(s(), employee);
-        qualification->Load();
-        app::QualificationWindow qualificationWindow(std::move(qualification), &edit);
-        saveDialog(qualificationWindow, "addqualifications");
-        auto leave = std::make_unique<reference::employeeleaveedit>(s(), employee);
-        leave->Load();
-        app::LeaveWindow leaveWindow(std::move(leave), &edit);
-        saveDialog(leaveWindow, "employeeleaveedit");
-        app::PictureWindow picture(QString::fromStdString(edit.model().picturePath()), &edit);
-        picture.show();
-        save(&picture, "picturewindow");
-        EXPECT_EQ(picture.windowTitle().left(8), "Viewer [");
-        edit.hide();
-    }
-    {
-        app::EditStaffNewWindow add(*context, context->mainWindow());
-        add.show();
-        add.adjustSize();
-        save(&add, "EditStaffnew");
-        add.hide();
-    }
-
-    QWidget* calendar = app::openLeaveCalendar(*context);
-    if (auto* month = calendar->findChild<QDateEdit*>("leavecaldate")) month->setDate(QDate(2026, 12, 1));
-    saveChild(calendar, "leavecal");
-
-    QWidget* query = app::openQueryEmployee(*context);
-    auto* person = query->findChild<QComboBox*>("personcombo");
-    person->setCurrentIndex(0);
-    emit person->activated(0);
-    query->findChild<QDateEdit*>("startdate")->setDate(QDate(2026, 11, 1));
-    query->findChild<QPushButton*>("searchbutton")->click();
-    saveChild(query, "queryemployee");
-
-    {
-        app::OpenScheduleWindow open(*context, context->mainWindow());
-        open.findChild<QListWidget*>("List1")->setCurrentRow(0);
-        saveDialog(open, "Openfrm");
-        app::ScheduleNameWindow rename(*context, open.model().List1[0].id, context->mainWindow());
-        saveDialog(rename, "opennew-rename");
-        app::SaveAsWindow saveAs(*context, context->mainWindow());
-        saveDialog(saveAs, "SaveAs");
-        app::DeleteScheduleWindow remove(*context, context->mainWindow());
-        remove.findChild<QListWidget*>("List1")->setCurrentRow(0);
-        saveDialog(remove, "deletesched");
-    }
-}
-
 }  // namespace
-}  // namespace tallymere::testing
+
+void referenceShots(Scene& scene) { ReferenceShots(scene).run(); }
+
+}  // namespace tallymere::shots

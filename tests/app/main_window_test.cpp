@@ -141,6 +141,21 @@ TEST_F(MainWindowTest, OutputCommandsFollowTheActiveChildWindow) {
     for (const char* name : output) EXPECT_FALSE(action(name)->isEnabled()) << name;
 }
 
+TEST_F(MainWindowTest, ChildWindowsGoWhileTheMainFormTheyHoldStillStands) {
+    // The schedule windows keep the main form as their host and touch it as they go.
+    struct Holder : DummyChild {
+        Holder(schedule::ScheduleHost& host, std::string& seen) : DummyChild("dailyflexgrid"), host(host), seen(seen) {}
+        ~Holder() override { seen = host.quickBar().shiftcombo.text; }
+        schedule::ScheduleHost& host;
+        std::string& seen;
+    };
+    std::string seen = "not gone";
+    window->mainForm().shiftcombo.text = "Morning";
+    window->openChild(QStringLiteral("dailyflexgrid"), [&] { return new Holder(window->mainForm(), seen); });
+    window.reset();
+    EXPECT_EQ(seen, "Morning");
+}
+
 TEST_F(MainWindowTest, RefreshGoesToTheActiveChildAndTheAddButtonWaitsForTheDailySchedule) {
     auto* addButton = widget<QPushButton>("addfromlv");
     ASSERT_NE(addButton, nullptr);

@@ -98,9 +98,11 @@ MainWindow::MainWindow(common::Session& session, QtUi& ui, QWidget* parent)
 }
 
 MainWindow::~MainWindow() {
-    // The child windows go after this window's own parts: they must not report back.
+    // The child windows hold references to this window's own parts (the main form, the quick bar):
+    // they go first, while those still stand, and without reporting back to this window.
     disconnect(mdiArea_, nullptr, this, nullptr);
     for (QMdiSubWindow* sub : mdiArea_->subWindowList()) disconnect(sub, nullptr, this, nullptr);
+    qDeleteAll(mdiArea_->subWindowList());
     delete splash_;
 }
 

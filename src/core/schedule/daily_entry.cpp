@@ -2,6 +2,7 @@
 
 #include "common/report_name.h"
 #include "common/text.h"
+#include "schedule/bulk_change.h"
 #include "schedule/undo.h"
 #include "store/access.h"
 
@@ -265,13 +266,15 @@ bool dailyadd::save() {
         }
     }
 
-    SaveUndoSnapshot(s_, s_.activeDate, s_.activeDate, "Undo Edit Schedule", true, s_.currentSchedule);
-    if (!store::UdateRecs(s_,
-                          "update sched set personid=?,lname=?,fname=?,shift=?,position=?,section=?,strttime=?,"
-                          "endtime=?,comment=? where schedid=?",
-                          {personid, lname, fname, shiftcombo.text, positioncombo.text, sectioncombo.text, start, end,
-                           note, schedid_}))
-        return false;
+    const bool saved = runAsOneChange(s_, [&] {
+        SaveUndoSnapshot(s_, s_.activeDate, s_.activeDate, "Undo Edit Schedule", true, s_.currentSchedule);
+        return store::UdateRecs(s_,
+                                "update sched set personid=?,lname=?,fname=?,shift=?,position=?,section=?,strttime=?,"
+                                "endtime=?,comment=? where schedid=?",
+                                {personid, lname, fname, shiftcombo.text, positioncombo.text, sectioncombo.text, start,
+                                 end, note, schedid_});
+    });
+    if (!saved) return false;
     s_.refreshWanted = true;
     return true;
 }

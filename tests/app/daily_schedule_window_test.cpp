@@ -88,6 +88,20 @@ protected:
     QTreeWidget* list = nullptr;
 };
 
+TEST_F(DailyScheduleWindowTest, TheEmployeeIsPickedBySelectionNotByTheKeyboardsCurrentRow) {
+    const int sam = listRow(kSam);
+    ASSERT_GT(sam, 0);
+    const long before = s().currentEmployee;
+    const int pickedBefore = window->model().lstlist.selected;
+    ASSERT_NE(pickedBefore, sam);
+    // What tabbing into the list does: a current row, nothing selected.
+    list->selectionModel()->setCurrentIndex(list->model()->index(sam, 0), QItemSelectionModel::NoUpdate);
+    EXPECT_EQ(window->model().lstlist.selected, pickedBefore);
+    EXPECT_EQ(s().currentEmployee, before);
+    list->setCurrentItem(list->topLevelItem(sam));
+    EXPECT_EQ(window->model().lstlist.selected, sam);
+}
+
 TEST_F(DailyScheduleWindowTest, DroppingAnEmployeeAddsTheRowWithItsColoursAndMarksTheEmployee) {
     ASSERT_EQ(grid->rowCount(), 0);
     const int sam = listRow(kSam);

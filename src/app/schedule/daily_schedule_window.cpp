@@ -188,9 +188,11 @@ void DailyScheduleWindow::buildEmployeeList() {
     lstlist_->header()->setStretchLastSection(false);
     lstlist_->header()->setSectionResizeMode(QHeaderView::Stretch);
     lstlist_->setContextMenuPolicy(Qt::CustomContextMenu);
-    connect(lstlist_, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* item) {
-        if (showing_ || !item) return;
-        runAndShow([this, row = lstlist_->indexOfTopLevelItem(item)] { model_.lstlist_Click(row); });
+    // The selection, not the keyboard's current row: tabbing into the list picks nobody.
+    connect(lstlist_, &QTreeWidget::itemSelectionChanged, this, [this] {
+        const QList<QTreeWidgetItem*> picked = lstlist_->selectedItems();
+        if (showing_ || picked.isEmpty()) return;
+        runAndShow([this, row = lstlist_->indexOfTopLevelItem(picked.first())] { model_.lstlist_Click(row); });
     });
     connect(lstlist_, &QTreeWidget::itemDoubleClicked, this, [this](QTreeWidgetItem*) {
         if (model_.lstlist_DblClick()) openEditStaff(context_, context_.mainWindow());

@@ -46,16 +46,6 @@ TEST_P(AutoFillTest, FewestHoursWinStrictlyAndTheEarlierStaysOnEqualHours) {
               (Verdicts{"Sixteen:lost the balance tie", "EightA:assigned", "EightB:lost the balance tie"}));
 }
 
-TEST_P(AutoFillTest, OneWithoutHoursLaterInRowOrderBeatsOneWithHours) {
-    const long busy = employee("Busy");
-    const long idle = employee("Idle");
-    entry(busy, kWed, 8, 120);
-    const long mon = open(kDay, 9, 480);
-    fill();
-    EXPECT_EQ(owner(mon), idle);
-    (void)busy;
-}
-
 TEST_P(AutoFillTest, TheBestWhoWorksThatDayWaitsForPhaseTwoAndNoSecondBestIsTried) {
     const long early = employee("Early");
     const long other = employee("Other");

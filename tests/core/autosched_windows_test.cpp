@@ -286,6 +286,7 @@ TEST_F(AutoSchedWindowTest, TheFirstUseMessageShowsUntilItIsToldNotTo) {
 }
 
 TEST_F(AutoSchedWindowTest, AHeadlessRunTakesItsSettingsForTheRunAndLeavesTheSessionAsItWas) {
+    ASSERT_TRUE(store::InsertRecs(s(), "insert into schedname (schedname) values('Week 2')"));
     const long adams = employee("Adams");
     entry(adams, kTue, 8, 480);
     const long wed = entry(-1, kWed, 9, 480, "Cook", "Day", "Week 2");
@@ -312,6 +313,11 @@ TEST_F(AutoSchedWindowTest, AHeadlessRunTakesItsSettingsForTheRunAndLeavesTheSes
     result = autosched::runRebuild(s(), kWed, "Week 2", FillMode::Day);
     EXPECT_FALSE(result.ran);
     EXPECT_EQ(owner(wed), adams);
+
+    ui.clear();
+    result = autosched::runAutoFill(s(), kWed, "Week 3", FillMode::Day);
+    EXPECT_FALSE(result.ran);
+    EXPECT_EQ(ui.texts(), (std::vector<std::string>{"There is no schedule file named 'Week 3'."}));
 }
 
 }  // namespace

@@ -10,7 +10,7 @@ std::string_view phaseText(Phase p) {
     switch (p) {
     case Phase::DesiredShifts: return "desired shifts";
     case Phase::Balanced: return "balanced";
-    case Phase::DoubleShifts: return "balanced, second entry allowed";
+    case Phase::DoubleShifts: return "balanced, double shifts if allowed";
     case Phase::FirstFit: return "first fit";
     }
     return {};

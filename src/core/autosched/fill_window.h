@@ -46,8 +46,9 @@ public:
     // --- What the view (or a caller without one) sets
     // AutoPBar changed: show it. The interface gets its turn right after.
     std::function<void()> onProgress;
-    // The daily schedule is loaded: reload its day / show one filled entry. Unset when it is not.
+    // Set while the daily schedule is loaded: reload its day.
     std::function<void()> reloadDay;
+    // An entry was just filled (the run is not committed yet).
     std::function<void(long schedid)> onEntryFilled;
     FactsKind factsKind = FactsKind::InMemory;
 

@@ -4,6 +4,7 @@
 #include "autosched/auto_sched.h"
 #include "common/numbers.h"
 #include "common/text.h"
+#include "schedule/bulk_change.h"
 
 namespace tallymere::autosched {
 
@@ -51,6 +52,8 @@ void apply(GlobalSettings& g, const SchedulerSettings& o) {
 template <class Window, class Run>
 HeadlessResult drive(common::Session& s, common::Date day, const std::string& scheduleName, FillMode mode,
                      const SchedulerSettings& settings, FactsKind facts, Run run) {
+    // A name that is no schedule file would only find nothing to fill; say what is wrong instead.
+    if (!schedule::requireScheduleFile(s, scheduleName)) return {};
     SessionRestore restore(s);
     s.activeDate = day;
     s.currentSchedule = scheduleName;

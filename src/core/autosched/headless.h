@@ -34,7 +34,8 @@ struct SchedulerSettings {
 };
 
 struct HeadlessResult {
-    // False when the rebuild's question was answered No; nothing ran.
+    // False when nothing ran: the schedule file does not exist (which was said), or the rebuild's
+    // question was answered No.
     bool ran = false;
     // The message the run ended with; empty when it ended otherwise (a failure, with its own message).
     std::string message;

@@ -1,7 +1,7 @@
 #include "app/autosched/autosched_dialogs.h"
 
 #include "app/common/qt_ui.h"
-#include "app/reference/view_support.h"
+#include "app/common/widget_support.h"
 #include "common/display_format.h"
 #include "common/session.h"
 #include "store/options.h"

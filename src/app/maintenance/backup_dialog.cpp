@@ -1,6 +1,6 @@
 #include "app/maintenance/backup_dialog.h"
 
-#include "app/maintenance/dialog_parts.h"
+#include "app/common/widget_support.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -15,19 +15,19 @@ BackupDialog::BackupDialog(common::Session& session, QWidget* parent) : QDialog(
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(16, 16, 16, 12);
-    layout->addWidget(parts::text(this, QStringLiteral("All of your schedule data is kept in one file, Tallymere.db. "
-                                                       "Backup copies it, with the copy made at the last start, into "
-                                                       "the folder below. Choose a folder on another disk or on a "
-                                                       "removable drive, not the data folder itself.")));
+    layout->addWidget(plainText(this, QStringLiteral("All of your schedule data is kept in one file, Tallymere.db. "
+                                                     "Backup copies it, with the copy made at the last start, into "
+                                                     "the folder below. Choose a folder on another disk or on a "
+                                                     "removable drive, not the data folder itself.")));
     layout->addSpacing(6);
-    const parts::FolderField path = parts::folderField(this, layout, "txtPath", QStringLiteral("Backup &folder:"));
+    const FolderField path = folderField(this, layout, "txtPath", QStringLiteral("Backup &folder:"));
     txtPath_ = path.field;
     txtPath_->setText(QString::fromStdString(model_.txtPath));
     layout->addSpacing(8);
-    QPushButton* backupButton = parts::button(this, "backupbutton", QStringLiteral("Back &Up"));
-    QPushButton* closeButton = parts::button(this, "CloseButton", QStringLiteral("Close"));
+    QPushButton* backupButton = makeButton(this, "backupbutton", QStringLiteral("Back &Up"));
+    QPushButton* closeButton = makeButton(this, "CloseButton", QStringLiteral("Close"));
     backupButton->setDefault(true);
-    layout->addLayout(parts::buttonRow({backupButton, closeButton}));
+    layout->addLayout(buttonRow({backupButton, closeButton}));
     setMinimumWidth(480);
 
     connect(txtPath_, &QLineEdit::textChanged, this, [this](const QString& t) { model_.txtPath = t.toStdString(); });

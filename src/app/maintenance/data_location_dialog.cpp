@@ -1,6 +1,6 @@
 #include "app/maintenance/data_location_dialog.h"
 
-#include "app/maintenance/dialog_parts.h"
+#include "app/common/widget_support.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -21,27 +21,26 @@ DataLocationDialog::DataLocationDialog(Kind kind, common::Session& session, cons
         model_ = std::make_unique<SetDataLocation>(session, defaultFolder);
         setObjectName(QStringLiteral("SetDataLocation"));
         setWindowTitle(QStringLiteral("Set Data Location"));
-        layout->addWidget(parts::text(this, QString::fromUtf8(SetDataLocation::kNetworkNote)));
-        layout->addWidget(parts::text(this, QString::fromUtf8(SetDataLocation::kAccountsNote)));
+        layout->addWidget(plainText(this, QString::fromUtf8(SetDataLocation::kNetworkNote)));
+        layout->addWidget(plainText(this, QString::fromUtf8(SetDataLocation::kAccountsNote)));
     } else {
         model_ = std::make_unique<SetDataLocationStart>(session, defaultFolder);
         setObjectName(QStringLiteral("SetDataLocationStart"));
         setWindowTitle(QStringLiteral("Select Data Folder"));
-        layout->addWidget(parts::text(this, QString::fromUtf8(SetDataLocationStart::kPrompt)));
+        layout->addWidget(plainText(this, QString::fromUtf8(SetDataLocationStart::kPrompt)));
     }
     layout->addSpacing(6);
-    const parts::FolderField path =
-        parts::folderField(this, layout, "TxtPath", QStringLiteral("Folder of the Tallymere &data:"));
+    const FolderField path = folderField(this, layout, "TxtPath", QStringLiteral("Folder of the Tallymere &data:"));
     txtPath_ = path.field;
     showPath();
     layout->addSpacing(8);
 
-    QPushButton* defaultButton = parts::button(this, "DefaultButton", QStringLiteral("Set to Default"));
-    QPushButton* setButton = parts::button(this, "SetLocationButton", QStringLiteral("&Set Location"));
-    QPushButton* cancelButton = parts::button(this, "CancelButton", QStringLiteral("Cancel"));
+    QPushButton* defaultButton = makeButton(this, "DefaultButton", QStringLiteral("Set to Default"));
+    QPushButton* setButton = makeButton(this, "SetLocationButton", QStringLiteral("&Set Location"));
+    QPushButton* cancelButton = makeButton(this, "CancelButton", QStringLiteral("Cancel"));
     setButton->setDefault(true);
     defaultButton->setToolTip(QString::fromStdString(defaultFolder));
-    QBoxLayout* buttons = parts::buttonRow({setButton, cancelButton});
+    QBoxLayout* buttons = buttonRow({setButton, cancelButton});
     buttons->insertWidget(0, defaultButton);
     layout->addLayout(buttons);
     setMinimumWidth(520);

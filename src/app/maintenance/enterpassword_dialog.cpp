@@ -1,6 +1,6 @@
 #include "app/maintenance/enterpassword_dialog.h"
 
-#include "app/maintenance/dialog_parts.h"
+#include "app/common/widget_support.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -20,13 +20,13 @@ EnterPasswordDialog::EnterPasswordDialog(common::Session& session, QWidget* pare
     auto* caption = new QLabel(QStringLiteral("&Password:"), this);
     caption->setBuddy(password_);
 
-    QPushButton* okButton = parts::button(this, "OKButton", QStringLiteral("OK"));
-    QPushButton* cancelButton = parts::button(this, "CancelButton", QStringLiteral("Cancel"));
+    QPushButton* okButton = makeButton(this, "OKButton", QStringLiteral("OK"));
+    QPushButton* cancelButton = makeButton(this, "CancelButton", QStringLiteral("Cancel"));
     okButton->setDefault(true);
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(16, 16, 16, 12);
-    layout->addWidget(parts::text(
+    layout->addWidget(plainText(
         this, model_.ownerOnly()
                   ? QStringLiteral("Only the owner can change the passwords and rights. Enter the owner password.")
                   : QStringLiteral("Tallymere is protected by a password. Enter the owner or the user password "
@@ -35,7 +35,7 @@ EnterPasswordDialog::EnterPasswordDialog(common::Session& session, QWidget* pare
     layout->addWidget(caption);
     layout->addWidget(password_);
     layout->addSpacing(8);
-    layout->addLayout(parts::buttonRow({okButton, cancelButton}));
+    layout->addLayout(buttonRow({okButton, cancelButton}));
     setMinimumWidth(360);
 
     connect(password_, &QLineEdit::textChanged, this, [this](const QString& t) { model_.password = t.toStdString(); });

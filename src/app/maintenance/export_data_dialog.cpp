@@ -1,6 +1,6 @@
 #include "app/maintenance/export_data_dialog.h"
 
-#include "app/maintenance/dialog_parts.h"
+#include "app/common/widget_support.h"
 
 #include <QComboBox>
 #include <QDateEdit>
@@ -12,9 +12,6 @@
 namespace tallymere::app {
 
 namespace {
-
-QDate toQDate(common::Date d) { return QDate(d.year(), d.month(), d.day()); }
-common::Date fromQDate(const QDate& d) { return common::Date::fromYmd(d.year(), d.month(), d.day()); }
 
 QComboBox* choices(QWidget* parent, const char* name, const maintenance::ExportChoices& list) {
     auto* combo = new QComboBox(parent);
@@ -33,7 +30,7 @@ ExportDataDialog::ExportDataDialog(common::Session& session, QWidget* parent) : 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(16, 16, 16, 12);
     for (const char* text : maintenance::ExportData::kTexts)
-        layout->addWidget(parts::text(this, QString::fromUtf8(text)));
+        layout->addWidget(plainText(this, QString::fromUtf8(text)));
     layout->addSpacing(6);
 
     const auto datePicker = [this](const char* name, common::Date value) {
@@ -55,10 +52,10 @@ ExportDataDialog::ExportDataDialog(common::Session& session, QWidget* parent) : 
     layout->addLayout(form);
     layout->addSpacing(8);
 
-    QPushButton* save = parts::button(this, "SaveButton", tr("&Export..."));
-    QPushButton* close = parts::button(this, "CloseButton", tr("Close"));
+    QPushButton* save = makeButton(this, "SaveButton", tr("&Export..."));
+    QPushButton* close = makeButton(this, "CloseButton", tr("Close"));
     save->setDefault(true);
-    layout->addLayout(parts::buttonRow({save, close}));
+    layout->addLayout(buttonRow({save, close}));
     setMinimumWidth(460);
 
     connect(startdate, &QDateEdit::dateChanged, this, [this](const QDate& d) { model_.startdate = fromQDate(d); });

@@ -1,6 +1,6 @@
 #include "app/maintenance/restore_sched_data_dialog.h"
 
-#include "app/maintenance/dialog_parts.h"
+#include "app/common/widget_support.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -16,16 +16,15 @@ RestoreSchedDataDialog::RestoreSchedDataDialog(common::Session& session, QWidget
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(16, 16, 16, 12);
-    layout->addWidget(parts::text(this, QString::fromUtf8(maintenance::RestoreSchedData::kExplanation)));
+    layout->addWidget(plainText(this, QString::fromUtf8(maintenance::RestoreSchedData::kExplanation)));
     layout->addSpacing(6);
-    const parts::FolderField path =
-        parts::folderField(this, layout, "txtPath", QStringLiteral("&Folder that holds the backup:"));
+    const FolderField path = folderField(this, layout, "txtPath", QStringLiteral("&Folder that holds the backup:"));
     txtPath_ = path.field;
     txtPath_->setText(QString::fromStdString(model_.txtPath));
     layout->addSpacing(8);
-    QPushButton* restoreButton = parts::button(this, "RestoreButton", QStringLiteral("&Restore"));
-    QPushButton* closeButton = parts::button(this, "CloseButton", QStringLiteral("Close"));
-    layout->addLayout(parts::buttonRow({restoreButton, closeButton}));
+    QPushButton* restoreButton = makeButton(this, "RestoreButton", QStringLiteral("&Restore"));
+    QPushButton* closeButton = makeButton(this, "CloseButton", QStringLiteral("Close"));
+    layout->addLayout(buttonRow({restoreButton, closeButton}));
     setMinimumWidth(480);
 
     connect(txtPath_, &QLineEdit::textChanged, this, [this](const QString& t) { model_.txtPath = t.toStdString(); });

@@ -1,6 +1,6 @@
 #include "app/maintenance/setpassword_dialog.h"
 
-#include "app/maintenance/dialog_parts.h"
+#include "app/common/widget_support.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
@@ -62,7 +62,7 @@ QLineEdit* passwordField(QWidget* parent, const char* name) {
 }
 
 QLabel* stateLine(QWidget* parent, const char* name) {
-    QLabel* label = parts::text(parent, {});
+    QLabel* label = plainText(parent, {});
     label->setObjectName(QString::fromLatin1(name));
     QPalette pal = label->palette();
     pal.setColor(QPalette::WindowText, pal.color(QPalette::Disabled, QPalette::WindowText));
@@ -83,7 +83,7 @@ SetPasswordDialog::SetPasswordDialog(common::Session& session, QWidget* parent)
       passworduser_(passwordField(this, "passworduser")),
       ownerState_(stateLine(this, "ownerPasswordState")),
       userState_(stateLine(this, "userPasswordState")),
-      clearUser_(parts::button(this, "ClearUserPasswordButton", QStringLiteral("C&lear"))) {
+      clearUser_(makeButton(this, "ClearUserPasswordButton", QStringLiteral("C&lear"))) {
     setObjectName(QStringLiteral("setpassword"));
     setWindowTitle(QString::fromUtf8(maintenance::setpassword::kCaption));
     nopasswordoption_->setObjectName(QStringLiteral("nopasswordoption"));
@@ -136,8 +136,8 @@ SetPasswordDialog::SetPasswordDialog(common::Session& session, QWidget* parent)
         });
     }
 
-    QPushButton* okButton = parts::button(this, "OKButton", QStringLiteral("OK"));
-    QPushButton* cancelButton = parts::button(this, "CancelButton", QStringLiteral("Cancel"));
+    QPushButton* okButton = makeButton(this, "OKButton", QStringLiteral("OK"));
+    QPushButton* cancelButton = makeButton(this, "CancelButton", QStringLiteral("Cancel"));
     okButton->setDefault(true);
 
     auto* layout = new QVBoxLayout(this);
@@ -147,9 +147,9 @@ SetPasswordDialog::SetPasswordDialog(common::Session& session, QWidget* parent)
     layout->addLayout(fields);
     layout->addSpacing(6);
     layout->addWidget(rights);
-    layout->addWidget(parts::text(this, QStringLiteral("Changes take effect the next time Tallymere starts.")));
+    layout->addWidget(plainText(this, QStringLiteral("Changes take effect the next time Tallymere starts.")));
     layout->addSpacing(4);
-    layout->addLayout(parts::buttonRow({okButton, cancelButton}));
+    layout->addLayout(buttonRow({okButton, cancelButton}));
     setMinimumWidth(500);
 
     connect(nopasswordoption_, &QRadioButton::toggled, this, [this](bool on) {

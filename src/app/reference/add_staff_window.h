@@ -1,7 +1,7 @@
 #pragma once
 // `AddStaff`: the short window that adds an employee with a name and a position.
 
-#include "app/reference/view_support.h"
+#include "app/common/widget_support.h"
 #include "reference/add_staff.h"
 
 #include <QDialog>

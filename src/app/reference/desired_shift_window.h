@@ -2,7 +2,7 @@
 // The window that adds a desired shift to an employee (`adddesiredshift`, or `adddesiredshifttemp`
 // while a new employee is being added).
 
-#include "app/reference/view_support.h"
+#include "app/common/widget_support.h"
 #include "reference/desired_shifts.h"
 
 #include <QDialog>

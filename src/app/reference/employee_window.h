@@ -3,7 +3,7 @@
 // (general, employment, pay, availability, desired shifts, qualifications, leave, picture) bound to
 // the model's fields, grids and buttons. Each window adds its own list and buttons around them.
 
-#include "app/reference/view_support.h"
+#include "app/common/widget_support.h"
 #include "app/shell/app_context.h"
 #include "reference/employee_form.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 // `leavecal`: the month of scheduled leave, for everyone or one employee, as a grid of day cells.
 
-#include "app/reference/view_support.h"
+#include "app/common/widget_support.h"
 #include "app/shell/app_context.h"
 #include "reference/leave_calendar.h"
 

@@ -3,7 +3,7 @@
 // `employeeleaveedittemp` while a new employee is being added): two date pickers and a month view
 // that follow one another, the kind of leave, and the limit on the number of days.
 
-#include "app/reference/view_support.h"
+#include "app/common/widget_support.h"
 #include "reference/leave.h"
 
 #include <QDialog>

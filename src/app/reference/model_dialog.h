@@ -2,7 +2,7 @@
 // The small dialogs over a model of their own: a form over OK and Cancel, where OK hands the entries
 // to the model and closes the dialog only when the model accepts them.
 
-#include "app/reference/view_support.h"
+#include "app/common/widget_support.h"
 
 #include <QDialog>
 #include <functional>

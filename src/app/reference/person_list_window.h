@@ -2,7 +2,7 @@
 // `PersonListFrm`: the child window with the list of all employees, from which they are added,
 // edited and deleted.
 
-#include "app/reference/view_support.h"
+#include "app/common/widget_support.h"
 #include "app/shell/app_context.h"
 #include "reference/person_list.h"
 

@@ -1,6 +1,6 @@
 #include "app/reference/picture_window.h"
 
-#include "app/reference/view_support.h"
+#include "app/common/widget_support.h"
 #include "reference/employee_form.h"
 
 #include <QGuiApplication>

@@ -2,7 +2,7 @@
 // The window that adds a qualification to an employee (`addqualifications`, or
 // `addqualificationstemp` while a new employee is being added).
 
-#include "app/reference/view_support.h"
+#include "app/common/widget_support.h"
 #include "reference/qualifications.h"
 
 #include <QDialog>

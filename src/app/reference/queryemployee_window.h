@@ -2,7 +2,7 @@
 // `queryemployee`: the schedule entries of one employee between two dates, in one schedule file or
 // in all.
 
-#include "app/reference/view_support.h"
+#include "app/common/widget_support.h"
 #include "app/shell/app_context.h"
 #include "reference/queryemployee.h"
 

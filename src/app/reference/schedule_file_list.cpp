@@ -1,6 +1,6 @@
 #include "app/reference/schedule_file_list.h"
 
-#include "app/reference/view_support.h"
+#include "app/common/widget_support.h"
 
 #include <QGridLayout>
 #include <QLabel>

@@ -3,8 +3,8 @@
 // renames one, `SaveAs` copies the open one under a new name, `deletesched` deletes one. Whenever
 // the current schedule file changes, the application around them is told.
 
+#include "app/common/widget_support.h"
 #include "app/reference/schedule_file_list.h"
-#include "app/reference/view_support.h"
 #include "app/shell/app_context.h"
 #include "reference/schedule_files.h"
 

@@ -2,7 +2,7 @@
 // The child window `settings`: the shifts, positions and sections, one tab each (`SSTab1`), with
 // their grids and the buttons that add, edit and delete through the small windows.
 
-#include "app/reference/view_support.h"
+#include "app/common/widget_support.h"
 #include "app/shell/app_context.h"
 #include "reference/settings.h"
 

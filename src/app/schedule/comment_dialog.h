@@ -1,7 +1,7 @@
 #pragma once
 // "Employee Comment" (`commentfrm`): a larger field for an entry's note, held by the caller.
 
-#include "app/reference/view_support.h"
+#include "app/common/widget_support.h"
 #include "schedule/daily_entry.h"
 
 #include <QDialog>

@@ -3,7 +3,7 @@
 // between schedule files, chosen on two month views, and the older `copytodifferent`, which copies a
 // typed day or week within the open file. Both leave the rules to their models.
 
-#include "app/reference/view_support.h"
+#include "app/common/widget_support.h"
 #include "schedule/copy_schedule.h"
 
 #include <QDate>

@@ -2,7 +2,7 @@
 // The entry editor `dailyadd` ("Edit Schedule"): one schedule entry's times, shift, position,
 // section, employee and note. The daily schedule opens it modally on the entry being edited.
 
-#include "app/reference/view_support.h"
+#include "app/common/widget_support.h"
 #include "schedule/daily_entry.h"
 
 #include <QDialog>

@@ -4,7 +4,7 @@
 // `lstlist` with its pictures, the employee panel and the day's figures. Every click, key and drop
 // goes to the model; the window then shows what the model holds.
 
-#include "app/reference/view_support.h"
+#include "app/common/widget_support.h"
 #include "app/shell/app_context.h"
 #include "schedule/daily_schedule.h"
 

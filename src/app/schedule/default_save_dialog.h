@@ -2,7 +2,7 @@
 // `DefaultSave`: the length of the default schedule asked in days or weeks, with the days it will
 // cover, before the week of the active date is saved as the default schedule.
 
-#include "app/reference/view_support.h"
+#include "app/common/widget_support.h"
 #include "schedule/default_schedule.h"
 
 #include <QDialog>

@@ -3,7 +3,7 @@
 // week of the active date, with its two filters. A window to look at; it is rebuilt on Refresh, on a
 // filter, and when it comes to the front after the schedule changed.
 
-#include "app/reference/view_support.h"
+#include "app/common/widget_support.h"
 #include "app/shell/app_context.h"
 #include "schedule/weekly_schedule.h"
 

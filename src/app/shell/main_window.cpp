@@ -1,6 +1,7 @@
 #include "app/shell/main_window.h"
 
 #include "app/common/qt_ui.h"
+#include "app/common/widget_support.h"
 #include "app/shell/date_navigator.h"
 #include "app/shell/firstrun_dialog.h"
 #include "app/shell/quick_bar.h"
@@ -27,10 +28,6 @@ namespace {
 
 // Window places are kept in twips, as the options table has always held them.
 constexpr int kTwipsPerPixel = 15;
-
-QDate toQDate(common::Date d) { return QDate(d.year(), d.month(), d.day()); }
-
-QString toQt(std::string_view s) { return QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size())); }
 
 }  // namespace
 
@@ -152,16 +149,16 @@ void MainWindow::registerChildWindow(const QString& windowName, std::function<QW
 }
 
 void MainWindow::showChild(std::string_view windowName) {
-    const QString name = toQt(windowName);
+    const QString name = qs(windowName);
     const auto it = childFactories_.find(name);
     if (subWindowNamed(name) || it != childFactories_.end())
         openChild(name, it != childFactories_.end() ? it->second : std::function<QWidget*()>());
 }
 
-bool MainWindow::isChildLoaded(std::string_view windowName) { return subWindowNamed(toQt(windowName)) != nullptr; }
+bool MainWindow::isChildLoaded(std::string_view windowName) { return subWindowNamed(qs(windowName)) != nullptr; }
 
 shell::WindowPlace MainWindow::childPlace(std::string_view windowName) {
-    const QMdiSubWindow* sub = subWindowNamed(toQt(windowName));
+    const QMdiSubWindow* sub = subWindowNamed(qs(windowName));
     if (!sub) return {};
     const QRect r = sub->geometry();
     const int state = sub->isMinimized() ? 1 : sub->isMaximized() ? 2 : 0;
@@ -258,7 +255,7 @@ void MainWindow::resetForm() {
 
 void MainWindow::showSplash(bool shown) {
     if (shown) {
-        if (!splash_) splash_ = new QSplashScreen(splashPixmap(toQt(session_.platform().programVersion())));
+        if (!splash_) splash_ = new QSplashScreen(splashPixmap(qs(session_.platform().programVersion())));
         splash_->setObjectName(QStringLiteral("frmSplash"));
         splash_->show();
         splash_->repaint();

@@ -1,5 +1,5 @@
 #pragma once
-// What the reference views share: text and date conversions, the binding of widgets to a model's
+// What the views share: text and date conversions, the binding of widgets to a model's
 // members, read-only grids, and small event hooks (key filters, focus out, double click).
 
 #include "common/date_time.h"
@@ -12,11 +12,13 @@
 #include <QString>
 #include <QStringList>
 #include <functional>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
 
 class QAbstractItemView;
+class QBoxLayout;
 class QCheckBox;
 class QComboBox;
 class QEvent;
@@ -86,6 +88,17 @@ QGridLayout* levelRow(QLineEdit* field, QSlider* slider, int min, int max, const
 
 QPushButton* makeButton(QWidget* parent, const char* objectName, const QString& text);
 QLabel* makeLabel(QWidget* parent, const QString& text, QWidget* buddy = nullptr);
+// A text of the system's, shown as written (never as markup), wrapped to the window's width.
+QLabel* plainText(QWidget* parent, const QString& text);
+// A path field under its caption, with the "Browse..." button `BrowseButton` beside it, added to
+// `layout`.
+struct FolderField {
+    QLineEdit* field;
+    QPushButton* browse;
+};
+FolderField folderField(QWidget* parent, QBoxLayout* layout, const char* fieldName, const QString& caption);
+// The row of buttons at the foot of a window, to the right.
+QBoxLayout* buttonRow(std::initializer_list<QPushButton*> buttons);
 
 // Declared as the last member of a view that owns a model, so that it goes first: it takes the
 // focus out of the view and silences its widgets, so nothing the widgets emit while they are torn

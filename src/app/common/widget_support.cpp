@@ -1,10 +1,11 @@
-#include "app/reference/view_support.h"
+#include "app/common/widget_support.h"
 
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QEvent>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QKeyEvent>
@@ -189,6 +190,35 @@ QLabel* makeLabel(QWidget* parent, const QString& text, QWidget* buddy) {
     auto* l = new QLabel(text, parent);
     if (buddy) l->setBuddy(buddy);
     return l;
+}
+
+QLabel* plainText(QWidget* parent, const QString& text) {
+    auto* label = new QLabel(text, parent);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    return label;
+}
+
+FolderField folderField(QWidget* parent, QBoxLayout* layout, const char* fieldName, const QString& caption) {
+    auto* label = new QLabel(caption, parent);
+    auto* field = new QLineEdit(parent);
+    field->setObjectName(QString::fromLatin1(fieldName));
+    field->setMinimumWidth(320);
+    label->setBuddy(field);
+    auto* row = new QHBoxLayout;
+    row->addWidget(field, 1);
+    QPushButton* browse = makeButton(parent, "BrowseButton", QStringLiteral("&Browse..."));
+    row->addWidget(browse);
+    layout->addWidget(label);
+    layout->addLayout(row);
+    return {field, browse};
+}
+
+QBoxLayout* buttonRow(std::initializer_list<QPushButton*> buttons) {
+    auto* row = new QHBoxLayout;
+    row->addStretch(1);
+    for (QPushButton* b : buttons) row->addWidget(b);
+    return row;
 }
 
 // ------------------------------------------------------------------------------------------------ hooks

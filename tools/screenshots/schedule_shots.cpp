@@ -1,5 +1,9 @@
+#include "app/autosched/autosched_dialogs.h"
+#include "app/maintenance/export_data_dialog.h"
+#include "app/schedule/copy_schedule_dialogs.h"
 #include "app/schedule/daily_entry_dialog.h"
 #include "app/schedule/daily_schedule_window.h"
+#include "app/schedule/default_save_dialog.h"
 #include "reference/position_windows.h"
 #include "scene.h"
 #include "store/access.h"
@@ -58,6 +62,56 @@ public:
         }
         editor.show();
         save(&editor, "dailyadd");
+        editor.hide();
+
+        newWindows();
+    }
+
+    // The week, the scheduler before and after a run over open slots, copying, the default, export.
+    void newWindows() {
+        app::MainWindow& window = scene_.window();
+        for (int d = 1; d <= 3; ++d)
+            for (const char* position : {"Cook", "Server", "Cashier"}) {
+                const Date day = kDay.addDays(d);
+                store::InsertRecs(
+                    s(),
+                    "insert into sched (personid,lname,fname,sday,strttime,endtime,position,shift,section,"
+                    "sname,comment) values(-1,'**Unassigned**','',?,?,?,?,'Day','Dining Room',"
+                    "'Autumn 2026','')",
+                    {day, DateTime::at(day, 9, 0), DateTime::at(day, 17, 0), position});
+            }
+        app::AppContext& context = window;
+        app::LastRuns runs;
+        {
+            app::AutoSchedDialog dialog(context, runs, &window);
+            dialog.model().WeekOption_Click();
+            scene_.saveDialog(&dialog, "AutoSched");
+            dialog.model().OKButton_Click();
+            runs.autoFill = dialog.model().explanation();
+        }
+        {
+            app::AutoSchedDialog dialog(context, runs, &window);
+            scene_.saveDialog(&dialog, "AutoSched-after-run");
+            app::AutoSchedExplanationDialog explain(s(), runs.autoFill, &window);
+            explain.show();
+            save(&explain, "AutoSchedExplanation");
+            explain.hide();
+        }
+        window.runCommand("mnuweekly");
+        if (QWidget* week = static_cast<app::AppContext&>(window).findChild(QStringLiteral("week"))) {
+            week->parentWidget()->showMaximized();
+            QApplication::processEvents();
+            save(&window, "week");
+        } else {
+            std::fprintf(stderr, "The weekly schedule did not open\n");
+        }
+        app::CopyScheduleDialog copy(
+            s(), [] {}, &window);
+        scene_.saveDialog(&copy, "CopyNew");
+        app::DefaultSaveDialog defaults(s(), &window);
+        scene_.saveDialog(&defaults, "DefaultSave");
+        app::ExportDataDialog exportData(s(), &window);
+        scene_.saveDialog(&exportData, "ExportData");
     }
 
 private:

@@ -106,6 +106,8 @@ AutoFillDialog::AutoFillDialog(AppContext& context, autosched::AutoFillWindow& m
     layout->addWidget(frame);
     layout->addWidget(bar_);
     layout->addLayout(buttons);
+    // Wide enough for the week's dates on one line.
+    setMinimumWidth(420);
 
     connect(dayOption_, &QRadioButton::clicked, this, [this] {
         model_.DayOption_Click();

@@ -20,6 +20,15 @@
 
 namespace tallymere::app {
 
+Qt::DayOfWeek toQtDayOfWeek(std::string_view dayName) {
+    static constexpr const char* kNames[] = {"monday", "tuesday",  "wednesday", "thursday",
+                                             "friday", "saturday", "sunday"};
+    const QString name = qs(dayName).trimmed().toLower();
+    for (int i = 0; i < 7; ++i)
+        if (name == QLatin1String(kNames[i])) return static_cast<Qt::DayOfWeek>(i + 1);
+    return Qt::Sunday;
+}
+
 QColor toQColor(long color) {
     return QColor(static_cast<int>(color & 0xFF), static_cast<int>((color >> 8) & 0xFF),
                   static_cast<int>((color >> 16) & 0xFF));

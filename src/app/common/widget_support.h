@@ -38,6 +38,10 @@ inline std::string ss(const QString& s) { return s.toStdString(); }
 inline QDate toQDate(common::Date d) { return QDate(d.year(), d.month(), d.day()); }
 inline common::Date fromQDate(const QDate& d) { return common::Date::fromYmd(d.year(), d.month(), d.day()); }
 
+// The business's first day of the week (an English day name, as the options keep it) for Qt's
+// calendars; Sunday for a name Qt does not know.
+Qt::DayOfWeek toQtDayOfWeek(std::string_view dayName);
+
 // A colour as `position.color` keeps it (red + green * 256 + blue * 65536).
 QColor toQColor(long color);
 long fromQColor(const QColor& color);

@@ -22,8 +22,10 @@ namespace {
 
 using schedule::CopyMode;
 
-QCalendarWidget* monthView(QWidget* parent, const char* name) {
+QCalendarWidget* monthView(QWidget* parent, const char* name, const common::Session& s) {
     auto* view = new QCalendarWidget(parent);
+    // Weeks as the business counts them, so that a week copy shows as one row.
+    view->setFirstDayOfWeek(toQtDayOfWeek(s.settings.firstdayofweek));
     view->setObjectName(QString::fromLatin1(name));
     view->setGridVisible(true);
     view->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
@@ -56,8 +58,8 @@ CopyScheduleDialog::CopyScheduleDialog(common::Session& session, std::function<v
     fromschedulecombo_->setObjectName(QStringLiteral("fromschedulecombo"));
     toschedulecombo_ = new QComboBox(this);
     toschedulecombo_->setObjectName(QStringLiteral("toschedulecombo"));
-    FromDate_ = monthView(this, "FromDate");
-    ToDate_ = monthView(this, "ToDate");
+    FromDate_ = monthView(this, "FromDate", session);
+    ToDate_ = monthView(this, "ToDate", session);
     FromSelectLabel_ = namedLabel(this, "FromSelectLabel");
     ToSelectLabel_ = namedLabel(this, "ToSelectLabel");
     dayoption_ = option(this, "dayoption", tr("Day"));

@@ -11,6 +11,7 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTableWidget>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -145,15 +146,28 @@ void WeeklyScheduleWindow::display() {
         grid_->setRowHeight(r, std::max(WeeklyGrid::kRowHeight / kTwipsPerPixel, row.lines * lineHeight + 6));
     }
     for (int c = 0; c < WeeklyGrid::kCols; ++c)
-        if (const int twips = g.ColWidth[static_cast<std::size_t>(c)]; twips > 0)
-            grid_->setColumnWidth(c, twips / kTwipsPerPixel);
+        if (const int twips = g.ColWidth[static_cast<std::size_t>(c)]; twips > 0) setColumnWidth(c, twips);
+}
+
+void WeeklyScheduleWindow::setColumnWidth(int column, int twips) {
+    grid_->setColumnWidth(column, column == WeeklyGrid::kHrsCol ? hoursColumnPixels() : twips / kTwipsPerPixel);
+}
+
+int WeeklyScheduleWindow::hoursColumnPixels() const {
+    // Sized for a smaller screen font once: never narrower than a week's hours.
+    return std::max(WeeklyGrid::kHrsWidth / kTwipsPerPixel,
+                    grid_->fontMetrics().horizontalAdvance(QStringLiteral("000.00")) + 8);
 }
 
 void WeeklyScheduleWindow::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    model_.Form_Resize(width() * kTwipsPerPixel);
-    for (int c = 0; c < WeeklyGrid::kCols; ++c)
-        grid_->setColumnWidth(c, model_.Grid1.ColWidth[static_cast<std::size_t>(c)] / kTwipsPerPixel);
+    // The model shares the width among the name and the days and adds the hours column on top; give it
+    // what the grid can show once that column and the row numbers are set aside, so that Saturday is
+    // not cut off.
+    const int spare = hoursColumnPixels() + grid_->verticalHeader()->width() + grid_->frameWidth() * 2 +
+                      grid_->verticalScrollBar()->sizeHint().width();
+    model_.Form_Resize((width() - spare) * kTwipsPerPixel);
+    for (int c = 0; c < WeeklyGrid::kCols; ++c) setColumnWidth(c, model_.Grid1.ColWidth[static_cast<std::size_t>(c)]);
 }
 
 void WeeklyScheduleWindow::showEvent(QShowEvent* event) {

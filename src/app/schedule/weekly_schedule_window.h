@@ -36,6 +36,8 @@ protected:
 
 private:
     void display();
+    void setColumnWidth(int column, int twips);
+    int hoursColumnPixels() const;
 
     AppContext& context_;
     schedule::week model_;

@@ -83,7 +83,7 @@ std::optional<std::string> ConsoleUi::chooseOpenFile(std::string_view title, std
 }
 
 std::optional<std::string> ConsoleUi::chooseSaveFile(std::string_view title, std::string_view,
-                                                     const std::vector<common::FileFilter>&) {
+                                                     const std::vector<common::FileFilter>&, bool) {
     return chosen(title);
 }
 

@@ -25,7 +25,8 @@ public:
     std::optional<std::string> chooseOpenFile(std::string_view title, std::string_view startFolder,
                                               const std::vector<common::FileFilter>& filters) override;
     std::optional<std::string> chooseSaveFile(std::string_view title, std::string_view suggestedPath,
-                                              const std::vector<common::FileFilter>& filters) override;
+                                              const std::vector<common::FileFilter>& filters,
+                                              bool confirmOverwrite) override;
     void setBusy(bool) override {}
     void processEvents() override {}
     void beep() override {}

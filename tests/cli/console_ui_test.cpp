@@ -58,9 +58,9 @@ TEST(ConsoleUi, HasNoWindowsAndNoFileChooserWithoutAFileGiven) {
         EXPECT_EQ(e.status(), 2);
         EXPECT_NE(e.message().find("DefaultSave"), std::string::npos);
     }
-    EXPECT_THROW(ui.chooseSaveFile("Export Data", "", {}), Stop);
+    EXPECT_THROW(ui.chooseSaveFile("Export Data", "", {}, true), Stop);
     ui.setChosenFile("/tmp/out.txt", "--out");
-    EXPECT_EQ(ui.chooseSaveFile("Export Data", "", {}), "/tmp/out.txt");
+    EXPECT_EQ(ui.chooseSaveFile("Export Data", "", {}, true), "/tmp/out.txt");
 }
 
 }  // namespace

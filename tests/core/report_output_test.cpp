@@ -28,11 +28,12 @@ using testing::ShownMessage;
 class RecordingUi : public testing::FakeUi {
 public:
     std::optional<std::string> chooseSaveFile(std::string_view title, std::string_view suggested,
-                                              const std::vector<common::FileFilter>& filters) override {
+                                              const std::vector<common::FileFilter>& filters,
+                                              bool confirmOverwrite) override {
         chooserTitle = title;
         chooserSuggested = suggested;
         chooserFilters = filters;
-        return FakeUi::chooseSaveFile(title, suggested, filters);
+        return FakeUi::chooseSaveFile(title, suggested, filters, confirmOverwrite);
     }
     std::string chooserTitle, chooserSuggested;
     std::vector<common::FileFilter> chooserFilters;
@@ -242,6 +243,8 @@ TEST_F(ReportOutputTest, AnExistingFileIsOverwrittenOnlyOnYes) {
     ui.nextFile(path("old.pdf"));
     ui.answer(MsgAnswer::No);
     EXPECT_EQ(AskSaveFile(s(), "PDF", kPdfFilter), "");
+    // The question is the program's; the chooser must not ask it a second time.
+    EXPECT_FALSE(ui.lastSaveConfirmsOverwrite);
     EXPECT_EQ(
         ui.messages,
         (testing::Messages{{"File already exists. Overwrite?", MsgButtons::YesNo, MsgIcon::None, "Save PDF File"}}));

@@ -42,7 +42,8 @@ std::optional<std::string> FakeUi::chooseOpenFile(std::string_view, std::string_
 }
 
 std::optional<std::string> FakeUi::chooseSaveFile(std::string_view t, std::string_view s,
-                                                  const std::vector<common::FileFilter>& f) {
+                                                  const std::vector<common::FileFilter>& f, bool confirmOverwrite) {
+    lastSaveConfirmsOverwrite = confirmOverwrite;
     return chooseOpenFile(t, s, f);
 }
 

@@ -39,7 +39,9 @@ public:
     std::optional<std::string> chooseOpenFile(std::string_view, std::string_view,
                                               const std::vector<common::FileFilter>&) override;
     std::optional<std::string> chooseSaveFile(std::string_view, std::string_view,
-                                              const std::vector<common::FileFilter>&) override;
+                                              const std::vector<common::FileFilter>&, bool confirmOverwrite) override;
+    // What the last save chooser was told about asking before overwriting.
+    bool lastSaveConfirmsOverwrite = true;
     void setBusy(bool busy) override { busy_ = busy; }
     void processEvents() override { ++turns; }
     void beep() override { ++beeps; }
@@ -48,7 +50,9 @@ public:
     // Answers given to the next messages, in order; when the script runs out, Ok/Yes is answered.
     void answer(MsgAnswer a) { answers_.push_back(a); }
     // What a modal window does when it is shown (it may change the session).
-    void onModal(const std::string& windowName, std::function<void()> action) { modalActions_[windowName] = std::move(action); }
+    void onModal(const std::string& windowName, std::function<void()> action) {
+        modalActions_[windowName] = std::move(action);
+    }
     void nextFolder(std::optional<std::string> f) { folders_.push_back(std::move(f)); }
     void nextFile(std::optional<std::string> f) { files_.push_back(std::move(f)); }
 

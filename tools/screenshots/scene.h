@@ -30,7 +30,7 @@ public:
         return std::nullopt;
     }
     std::optional<std::string> chooseSaveFile(std::string_view, std::string_view,
-                                              const std::vector<common::FileFilter>&) override {
+                                              const std::vector<common::FileFilter>&, bool) override {
         return std::nullopt;
     }
     void setBusy(bool) override {}

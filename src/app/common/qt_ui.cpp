@@ -132,9 +132,10 @@ std::optional<std::string> QtUi::chooseOpenFile(std::string_view title, std::str
 }
 
 std::optional<std::string> QtUi::chooseSaveFile(std::string_view title, std::string_view suggestedPath,
-                                                const std::vector<common::FileFilter>& filters) {
-    return chosen(
-        QFileDialog::getSaveFileName(parentWindow(), toQt(title), toQt(suggestedPath), filterString(filters)));
+                                                const std::vector<common::FileFilter>& filters, bool confirmOverwrite) {
+    const QFileDialog::Options options = confirmOverwrite ? QFileDialog::Options() : QFileDialog::DontConfirmOverwrite;
+    return chosen(QFileDialog::getSaveFileName(parentWindow(), toQt(title), toQt(suggestedPath), filterString(filters),
+                                               nullptr, options));
 }
 
 // The hourglass is a state, not a count: the logic turns it on and off without pairing the calls.

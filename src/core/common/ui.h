@@ -33,8 +33,10 @@ public:
     virtual std::optional<std::string> chooseFolder(std::string_view title, std::string_view startFolder) = 0;
     virtual std::optional<std::string> chooseOpenFile(std::string_view title, std::string_view startFolder,
                                                       const std::vector<FileFilter>& filters) = 0;
+    // `confirmOverwrite` false: the caller asks about an existing file itself, so the chooser must not.
     virtual std::optional<std::string> chooseSaveFile(std::string_view title, std::string_view suggestedPath,
-                                                      const std::vector<FileFilter>& filters) = 0;
+                                                      const std::vector<FileFilter>& filters,
+                                                      bool confirmOverwrite = true) = 0;
 
     // The hourglass on (true) and the mouse pointer back to default (false).
     virtual void setBusy(bool busy) = 0;

@@ -29,7 +29,8 @@ std::vector<common::FileFilter> parseFileFilter(std::string_view filter) {
 
 std::string AskSaveFile(Session& s, std::string_view extension, std::string_view filter, std::string_view defaultName) {
     const std::string title = "Save " + std::string(extension) + " File";
-    const auto chosen = s.ui().chooseSaveFile(title, defaultName, parseFileFilter(filter));
+    // The question about an existing file is asked below, in the program's own words.
+    const auto chosen = s.ui().chooseSaveFile(title, defaultName, parseFileFilter(filter), false);
     if (!chosen || chosen->empty()) return {};
     std::filesystem::path path(*chosen);
     if (!path.has_extension() && !extension.empty()) path += "." + common::toLower(extension);

@@ -166,8 +166,11 @@ TEST_F(MainFormTest, DateFormatEntriesShowTodayAndSetTheNavigator) {
     ASSERT_TRUE(form.dateFormatMenu_Click("mnuddmmyydash"));
     EXPECT_EQ(form.toolDateText(), "04-03-26");
     EXPECT_EQ(shell::dateControlFormat(form.toolDateCustomFormat()), "dd-MM-yy");
+    // Messages follow the format picked here.
+    EXPECT_EQ(s().messageDate(s().activeDate), "04-03-26");
     form.dateFormatMenu_Click("mnushortdate");
     EXPECT_EQ(form.toolDateText(), "3/4/2026");
+    EXPECT_EQ(s().messageDate(s().activeDate), "3/4/2026");
 }
 
 TEST_F(MainFormTest, QuickBarRestoresItsLastChoicesAndTakesAShiftsTimes) {

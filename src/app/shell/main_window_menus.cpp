@@ -124,10 +124,7 @@ void MainWindow::registerShellCommands() {
         for (std::string_view name : {e.viewMenu, e.popupMenu})
             registerCommand(std::string(name), [this, name] { form_->sortMenu_Click(name); });
     for (const shell::DateFormatEntry& e : shell::dateFormatTable())
-        registerCommand(std::string(e.name), [this, name = e.name] {
-            // From here on, dates in messages follow the format the user picked too.
-            if (form_->dateFormatMenu_Click(name)) session_.displayDateFormat = form_->toolDatePattern();
-        });
+        registerCommand(std::string(e.name), [this, name = e.name] { form_->dateFormatMenu_Click(name); });
     registerCommand("mnuQuickBar", [this] { form_->mnuQuickBar_Click(); });
     registerCommand("mnutoolbar", [this] { form_->mnutoolbar_Click(); });
     registerCommand("mnurefresh", [this] { form_->mnurefresh_Click(); });

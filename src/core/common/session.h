@@ -116,6 +116,8 @@ public:
     // How dates show in messages: "short date" until the user picks another format from the main
     // window's date menu.
     std::string displayDateFormat = "short date";
+    // A date as messages show it: in the user's display format.
+    std::string messageDate(Date d) const { return formatDate(d, displayDateFormat, locale); }
 
     // The heading of the daily schedule; the report date format is settings.reportdateformat.
     std::string dailyHeadingFormat = "dddd mmm dd, yyyy";

@@ -261,9 +261,7 @@ bool mnudeleteday(Session& s) {
     }
     if (NoSchedulePermission(s)) return false;
     const Date day = s.activeDate;
-    if (!s.ui().askYesNo("Remove all schedule records for " + common::formatDate(day, s.displayDateFormat, s.locale) +
-                         "?"))
-        return false;
+    if (!s.ui().askYesNo("Remove all schedule records for " + s.messageDate(day) + "?")) return false;
 
     // The rows move into the snapshot, so undo gives back the same entries, schedids and all.
     const bool committed = runAsOneChange(s, [&] {

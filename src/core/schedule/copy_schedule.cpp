@@ -25,8 +25,6 @@ constexpr const char* kUndoCaption = "Undo Copy Schedule";
 constexpr const char* kRecordsTitle = "Copy Schedule Records";
 constexpr const char* kCopyCompleted = "Copy completed";
 
-std::string messageDate(Session& s, Date d) { return common::formatDate(d, s.settings.reportdateformat, s.locale); }
-
 void say(Session& s, const std::string& text) { s.ui().inform(text); }
 
 // One target day as the copy will leave it: emptied, then these rows.
@@ -49,12 +47,12 @@ Decision conflictQuestions(Session& s, const EntryRow& row, Date target) {
         const auto time = [&](DateTime t) { return common::formatDateTime(t, "HH:mm ampm", s.locale); };
         const Decision d =
             answerOf(s.ui().message(name + " is not available from " + time(*row.start) + " to " + time(*row.end) +
-                                        " on " + messageDate(s, target) + ", Override?",
+                                        " on " + s.messageDate(target) + ", Override?",
                                     MsgButtons::YesNoCancel, MsgIcon::Question, "Availability Conflict"));
         if (d != Decision::Copy) return d;
     }
     if (!GetLeaveType(s, personid, target).empty())
-        return answerOf(s.ui().message(name + " is scheduled for leave on " + messageDate(s, target) + ", Override?",
+        return answerOf(s.ui().message(name + " is scheduled for leave on " + s.messageDate(target) + ", Override?",
                                        MsgButtons::YesNoCancel, MsgIcon::Question, "Leave Conflict"));
     return Decision::Copy;
 }
@@ -217,7 +215,7 @@ bool CopyNew::Command1_Click() {
             say(s_, "The source date cannot equal the destination date.");
             return false;
         }
-        if (!s_.ui().askYesNo("Copy schedule from " + messageDate(s_, source) + " to " + messageDate(s_, target),
+        if (!s_.ui().askYesNo("Copy schedule from " + s_.messageDate(source) + " to " + s_.messageDate(target),
                               MsgIcon::Question, kCaption))
             return false;
         return run(from, source, to, target, 1);
@@ -238,8 +236,8 @@ bool CopyNew::Command1_Click() {
             say(s_, "The week selected on the left must be different than the week selected on the right.");
             return false;
         }
-        if (!s_.ui().askYesNo("Copy schedule from the week of " + messageDate(s_, source) + " to the week of " +
-                                  messageDate(s_, target),
+        if (!s_.ui().askYesNo("Copy schedule from the week of " + s_.messageDate(source) + " to the week of " +
+                                  s_.messageDate(target),
                               MsgIcon::Question, kCaption))
             return false;
         return run(from, source, to, target, 7);
@@ -272,10 +270,10 @@ bool CopyNew::Command1_Click() {
         return false;
     }
     const std::string question =
-        fromCount == 1 ? "Copy 1 day of the schedule from " + messageDate(s_, *FromDate.first) + " to " +
-                             messageDate(s_, *ToDate.first)
-                       : "Copy " + std::to_string(fromCount) + " days starting at " + messageDate(s_, *FromDate.first) +
-                             " through " + messageDate(s_, *FromDate.last) + " to " + messageDate(s_, *ToDate.first);
+        fromCount == 1 ? "Copy 1 day of the schedule from " + s_.messageDate(*FromDate.first) + " to " +
+                             s_.messageDate(*ToDate.first)
+                       : "Copy " + std::to_string(fromCount) + " days starting at " + s_.messageDate(*FromDate.first) +
+                             " through " + s_.messageDate(*FromDate.last) + " to " + s_.messageDate(*ToDate.first);
     if (!s_.ui().askYesNo(question, MsgIcon::Question, kRecordsTitle)) return false;
     return run(from, *FromDate.first, to, *ToDate.first, fromCount);
 }
@@ -318,8 +316,8 @@ void copytodifferent::UpdateWeekLabels() {
             return;
         }
         const Date first = common::weekStart(*d, s_.settings.firstdayofweek);
-        start = messageDate(s_, first);
-        end = messageDate(s_, first.addDays(6));
+        start = s_.messageDate(first);
+        end = s_.messageDate(first.addDays(6));
     };
     week(sourceweek, wsourcestart, wsourceend);
     week(destinationweek, wdestinationstart, wdestinationend);

@@ -26,8 +26,6 @@ constexpr const char* kDailyTitle = "Daily Schedule";
 constexpr const char* kEditEntryTitle = "Edit Schedule Entry";
 constexpr std::string_view kAllAvailable = "YYYYYYYYYYYYYYYYYYYYYYYY";
 
-std::string messageDate(Session& s, Date d) { return common::formatDate(d, s.displayDateFormat, s.locale); }
-
 std::string alertFigure(Session& s, long hours) {
     return common::formatNumber(static_cast<double>(hours), "00.00", s.locale);
 }
@@ -95,11 +93,11 @@ bool scanConflicts(Session& s, long personid, Date day, DateTime& start, DateTim
         if (kAdjustOverlappingTimes && end > *re) {
             start = *re;
             if (!speaker->askAdjust(speaker->name + " is scheduled for a conflicting time on " +
-                                    messageDate(s, yesterday) + ". Adjust time and continue?"))
+                                    s.messageDate(yesterday) + ". Adjust time and continue?"))
                 return true;
             continue;
         }
-        speaker->refuse(speaker->name + " is scheduled for a conflicting time on " + messageDate(s, yesterday) + ".",
+        speaker->refuse(speaker->name + " is scheduled for a conflicting time on " + s.messageDate(yesterday) + ".",
                         kDailyTitle);
         return true;
     }
@@ -114,7 +112,7 @@ bool scanConflicts(Session& s, long personid, Date day, DateTime& start, DateTim
         if (start < *rs && end >= *re) {
             if (speaker)
                 speaker->refuse(
-                    speaker->name + " is scheduled for a conflicting time on " + messageDate(s, tomorrow) + ".",
+                    speaker->name + " is scheduled for a conflicting time on " + s.messageDate(tomorrow) + ".",
                     kDailyTitle);
             return true;
         }
@@ -123,12 +121,12 @@ bool scanConflicts(Session& s, long personid, Date day, DateTime& start, DateTim
             if (kAdjustOverlappingTimes) {
                 end = *rs;
                 if (!speaker->askAdjust(speaker->name + " is scheduled for a conflicting time on " +
-                                        messageDate(s, tomorrow) + ". Adjust time and continue?"))
+                                        s.messageDate(tomorrow) + ". Adjust time and continue?"))
                     return true;
                 continue;
             }
             speaker->refuse(
-                speaker->name + " is aleady scheduled for a conflicting time on " + messageDate(s, tomorrow) + ".",
+                speaker->name + " is aleady scheduled for a conflicting time on " + s.messageDate(tomorrow) + ".",
                 kAddEntryTitle);
             return true;
         }

@@ -6,11 +6,11 @@
 #include "maintenance/access_control.h"
 #include "reports/page_setup.h"
 #include "shell/menus.h"
-#include "store/undo_snapshot.h"
 #include "store/access.h"
 #include "store/database.h"
 #include "store/online_backup.h"
 #include "store/schema_upgrade.h"
+#include "store/undo_snapshot.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -172,9 +172,7 @@ void MainForm::hideUndo() {
     changed();
 }
 
-void MainForm::ClearUndo() {
-    store::ClearUndo(s_);
-}
+void MainForm::ClearUndo() { store::ClearUndo(s_); }
 
 void MainForm::MenuSetupFormDeactivation() {
     for (std::string_view name : outputCommands()) state(name).enabled = false;
@@ -322,6 +320,8 @@ bool MainForm::dateFormatMenu_Click(std::string_view menuName) {
         s_.settings.tooldatecustomformat = e->format;
         break;
     }
+    // From here on, dates in messages follow the format the user picked too.
+    s_.displayDateFormat = toolDatePattern();
     host_.activeDateChanged();
     return true;
 }

@@ -2,6 +2,7 @@
 
 #include "app/common/qt_ui.h"
 #include "app/common/widget_support.h"
+#include "app/common/window_place.h"
 #include "common/display_format.h"
 #include "common/session.h"
 #include "store/options.h"
@@ -25,8 +26,6 @@ namespace tallymere::app {
 
 namespace {
 
-constexpr int kTwipsPerPixel = 15;
-
 QPushButton* namedButton(QWidget* parent, const char* name, const char* caption) {
     auto* b = new QPushButton(QString::fromUtf8(caption), parent);
     b->setObjectName(QString::fromUtf8(name));
@@ -41,23 +40,6 @@ QLabel* plainText(QWidget* parent, const char* name, const QString& text) {
     l->setTextFormat(Qt::PlainText);
     l->setWordWrap(true);
     return l;
-}
-
-store::WindowPlace twipsOf(const QRect& r) {
-    return {r.x() * kTwipsPerPixel, r.y() * kTwipsPerPixel, r.width() * kTwipsPerPixel, r.height() * kTwipsPerPixel, 0};
-}
-
-// Where the window was last time, inside the main window.
-void restorePlace(common::Session& s, QWidget* dialog, QWidget* mainWindow, const char* windowName) {
-    if (!mainWindow) return;
-    const store::WindowPlace place =
-        store::LoadFormPosition(s, windowName, twipsOf(dialog->geometry()), twipsOf(mainWindow->geometry()), false);
-    dialog->move(place.left / kTwipsPerPixel, place.top / kTwipsPerPixel);
-}
-
-void rememberPlace(common::Session& s, QWidget* dialog, const char* windowName) {
-    if (s.ExitNow) return;
-    store::SaveFormPosition(s, windowName, twipsOf(dialog->geometry()), false);
 }
 
 }  // namespace
@@ -192,11 +174,11 @@ void AutoFillDialog::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
     if (placed_) return;
     placed_ = true;
-    restorePlace(context_.session(), this, context_.mainWindow(), ss(objectName()).c_str());
+    restoreDialogPlace(context_.session(), this, context_.mainWindow(), ss(objectName()).c_str());
 }
 
 void AutoFillDialog::done(int result) {
-    rememberPlace(context_.session(), this, ss(objectName()).c_str());
+    saveDialogPlace(context_.session(), this, ss(objectName()).c_str());
     QDialog::done(result);
 }
 

@@ -1,6 +1,7 @@
 #include "app/schedule/daily_schedule_window.h"
 
 #include "app/common/qt_ui.h"
+#include "app/common/window_place.h"
 #include "app/reference/reference_windows.h"
 #include "app/schedule/daily_entry_dialog.h"
 #include "app/schedule/employee_pictures.h"
@@ -41,7 +42,6 @@ using schedule::GridKey;
 using schedule::MouseButton;
 
 // The grid's widths are kept in twips, 15 to a pixel at the usual resolution.
-constexpr int kTwipsPerPixel = 15;
 
 MouseButton toButton(Qt::MouseButton button) {
     switch (button) {
@@ -428,18 +428,7 @@ void DailyScheduleWindow::showEvent(QShowEvent* event) {
     if (placed_) return;
     placed_ = true;
     // Where the last run left it, inside the main window's area.
-    auto* sub = qobject_cast<QMdiSubWindow*>(parentWidget());
-    if (!sub || !sub->mdiArea()) return;
-    const QRect area = sub->mdiArea()->viewport()->rect();
-    const QRect r = sub->geometry();
-    const auto twips = [](int pixels) { return pixels * kTwipsPerPixel; };
-    const store::WindowPlace current{twips(r.x()), twips(r.y()), twips(r.width()), twips(r.height()), 0};
-    const store::WindowPlace main{0, 0, twips(area.width()), twips(area.height()), 0};
-    const store::WindowPlace place =
-        store::LoadFormPosition(context_.session(), schedule::dailyflexgrid::kWindowName, current, main, true);
-    sub->setGeometry(place.left / kTwipsPerPixel, place.top / kTwipsPerPixel, place.width / kTwipsPerPixel,
-                     place.height / kTwipsPerPixel);
-    if (place.state == 2) sub->showMaximized();
+    restoreChildPlace(context_.session(), this, schedule::dailyflexgrid::kWindowName);
 }
 
 void DailyScheduleWindow::switchEmployeeOrder() {

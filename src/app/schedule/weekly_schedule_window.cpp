@@ -1,5 +1,6 @@
 #include "app/schedule/weekly_schedule_window.h"
 
+#include "app/common/window_place.h"
 #include "common/session.h"
 #include "store/options.h"
 
@@ -23,7 +24,6 @@ namespace {
 using schedule::WeeklyGrid;
 
 // Widths and heights are kept in twips, 15 to a pixel at the usual resolution.
-constexpr int kTwipsPerPixel = 15;
 
 // The name cells' pale yellow.
 const QColor kNameCellColor(0xFF, 0xFF, 0xC0);
@@ -174,30 +174,11 @@ void WeeklyScheduleWindow::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
     if (placed_) return;
     placed_ = true;
-    auto* sub = qobject_cast<QMdiSubWindow*>(parentWidget());
-    if (!sub || !sub->mdiArea()) return;
-    const QRect area = sub->mdiArea()->viewport()->rect();
-    const QRect r = sub->geometry();
-    const auto twips = [](int pixels) { return pixels * kTwipsPerPixel; };
-    const store::WindowPlace current{twips(r.x()), twips(r.y()), twips(r.width()), twips(r.height()), 0};
-    const store::WindowPlace main{0, 0, twips(area.width()), twips(area.height()), 0};
-    const store::WindowPlace place =
-        store::LoadFormPosition(context_.session(), schedule::week::kWindowName, current, main, true);
-    sub->setGeometry(place.left / kTwipsPerPixel, place.top / kTwipsPerPixel, place.width / kTwipsPerPixel,
-                     place.height / kTwipsPerPixel);
-    if (place.state == 2) sub->showMaximized();
+    restoreChildPlace(context_.session(), this, schedule::week::kWindowName);
 }
 
 void WeeklyScheduleWindow::closeEvent(QCloseEvent* event) {
-    // Nothing is written once the program is ending at once.
-    if (auto* sub = qobject_cast<QMdiSubWindow*>(parentWidget()); sub && !context_.session().ExitNow) {
-        const QRect r = sub->normalGeometry().isValid() ? sub->normalGeometry() : sub->geometry();
-        const int state = sub->isMinimized() ? 1 : sub->isMaximized() ? 2 : 0;
-        store::SaveFormPosition(context_.session(), schedule::week::kWindowName,
-                                {r.x() * kTwipsPerPixel, r.y() * kTwipsPerPixel, r.width() * kTwipsPerPixel,
-                                 r.height() * kTwipsPerPixel, state},
-                                true);
-    }
+    saveChildPlace(context_.session(), this, schedule::week::kWindowName);
     QWidget::closeEvent(event);
 }
 

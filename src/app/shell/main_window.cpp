@@ -2,6 +2,7 @@
 
 #include "app/common/qt_ui.h"
 #include "app/common/widget_support.h"
+#include "app/common/window_place.h"
 #include "app/shell/date_navigator.h"
 #include "app/shell/firstrun_dialog.h"
 #include "app/shell/quick_bar.h"
@@ -24,12 +25,7 @@
 
 namespace tallymere::app {
 
-namespace {
-
-// Window places are kept in twips, as the options table has always held them.
-constexpr int kTwipsPerPixel = 15;
-
-}  // namespace
+namespace {}  // namespace
 
 MainWindow::MainWindow(common::Session& session, QtUi& ui, QWidget* parent)
     : QMainWindow(parent),

@@ -5,6 +5,7 @@
 #include "reference_fake_context.h"
 #include "schedule/daily_schedule.h"
 #include "store/access.h"
+#include "support/schedule_test.h"
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -16,33 +17,13 @@
 namespace tallymere::testing {
 namespace {
 
-using common::Date;
 using common::DateTime;
 
-const Date kDay = Date::fromYmd(2026, 11, 23);  // a Monday
-constexpr long kSam = 1;                        // the template's sample employee
-
-class DailyAddDialogTest : public AppDatabaseTest {
+class DailyAddDialogTest : public ScheduleTest {
 protected:
-    void SetUp() override {
-        AppDatabaseTest::SetUp();
-        s().currentSchedule = "Week 1";
-        s().activeDate = kDay;
-    }
-
-    long addPerson(const std::string& lname, const std::string& fname) {
-        EXPECT_TRUE(store::InsertRecs(s(), "insert into person (lname,fname,primpos,active) values(?,?,'Server',1)",
-                                      {lname, fname}));
-        return static_cast<long>(store::GetRecs(s(), "select max(personid) as id from person")["id"].toLong());
-    }
-    long addEntry(long personid, const std::string& lname, const std::string& fname, int hour, int minute,
-                  int lengthMinutes) {
+    long addEntry(long personid, int hour, int minute, int lengthMinutes) {
         const DateTime start = DateTime::at(kDay, hour, minute);
-        EXPECT_TRUE(store::InsertRecs(s(),
-                                      "insert into sched (personid,lname,fname,sday,strttime,endtime,position,shift,"
-                                      "sname) values(?,?,?,?,?,?,'Cook','Day','Week 1')",
-                                      {personid, lname, fname, kDay, start, start.addMinutes(lengthMinutes)}));
-        return static_cast<long>(store::GetRecs(s(), "select max(schedid) as id from sched")["id"].toLong());
+        return ScheduleTest::addEntry(personid, start, start.addMinutes(lengthMinutes));
     }
     store::Recordset entry(long schedid) {
         return store::GetRecs(s(), "select * from sched where schedid=?", {schedid});
@@ -65,6 +46,8 @@ protected:
         list->scrollToItem(found.front());
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(found.front()).center());
     }
+
+    ApplicationScope scope;
 };
 
 TEST_F(DailyAddDialogTest, OpensOnTheEntryAndFollowsAChosenShift) {
@@ -73,7 +56,7 @@ TEST_F(DailyAddDialogTest, OpensOnTheEntryAndFollowsAChosenShift) {
         s(), "insert into employeeleave (personid,fullname,typeofleave,sday) values(?,'x','Sick',?)", {zed, kDay}));
     ASSERT_TRUE(store::InsertRecs(s(), "insert into shift (name,strttime,endtime) values('Late',?,?)",
                                   {DateTime::fromParts(2006, 1, 1, 14, 30), DateTime::fromParts(2006, 1, 1, 23)}));
-    const long id = addEntry(kSam, "Sample", "Sam", 9, 30, 450);
+    const long id = addEntry(kSam, 9, 30, 450);
     ASSERT_TRUE(store::UdateRecs(s(), "update sched set comment='keys', section='Bar' where schedid=?", {id}));
 
     app::DailyAddDialog dialog(s(), id, nullptr);
@@ -109,8 +92,8 @@ TEST_F(DailyAddDialogTest, OpensOnTheEntryAndFollowsAChosenShift) {
 
 TEST_F(DailyAddDialogTest, ANoteTypedAfterPassingThroughTheTimesIsSavedWithEnter) {
     // The entry sits inside another of the same employee: only an edit of its times would be refused.
-    addEntry(kSam, "Sample", "Sam", 8, 0, 8 * 60);
-    const long id = addEntry(kSam, "Sample", "Sam", 9, 0, 60);
+    addEntry(kSam, 8, 0, 8 * 60);
+    const long id = addEntry(kSam, 9, 0, 60);
 
     app::DailyAddDialog dialog(s(), id, nullptr);
     ASSERT_TRUE(dialog.loaded());
@@ -134,8 +117,8 @@ TEST_F(DailyAddDialogTest, ANoteTypedAfterPassingThroughTheTimesIsSavedWithEnter
 
 TEST_F(DailyAddDialogTest, AnEmployeeAlreadyScheduledThenIsRefusedAndTheEntryStays) {
     const long zed = addPerson("Zed", "Zoe");
-    addEntry(zed, "Zed", "Zoe", 9, 0, 120);
-    const long id = addEntry(kSam, "Sample", "Sam", 10, 0, 120);
+    addEntry(zed, 9, 0, 120);
+    const long id = addEntry(kSam, 10, 0, 120);
 
     app::DailyAddDialog dialog(s(), id, nullptr);
     ASSERT_TRUE(dialog.loaded());
@@ -158,7 +141,7 @@ TEST_F(DailyAddDialogTest, AnEmployeeAlreadyScheduledThenIsRefusedAndTheEntrySta
 }
 
 TEST_F(DailyAddDialogTest, TheNoteButtonEditsTheNoteInTheCommentWindow) {
-    const long id = addEntry(kSam, "Sample", "Sam", 9, 0, 60);
+    const long id = addEntry(kSam, 9, 0, 60);
     app::DailyAddDialog dialog(s(), id, nullptr);
     ASSERT_TRUE(dialog.loaded());
     open(dialog);

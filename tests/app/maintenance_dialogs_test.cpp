@@ -8,6 +8,7 @@
 #include "app/shell/main_window.h"
 #include "app_test.h"
 #include "maintenance/setpassword.h"
+#include "reference_fake_context.h"
 #include "store/options.h"
 
 #include <QCheckBox>
@@ -25,10 +26,6 @@ namespace fs = std::filesystem;
 
 class MaintenanceDialogsTest : public AppDatabaseTest {
 protected:
-    template <class T = QWidget>
-    static T* named(QWidget* dialog, const char* name) {
-        return dialog->findChild<T*>(QString::fromLatin1(name));
-    }
     static void type(QWidget* dialog, const char* field, const QString& text) {
         auto* edit = named<QLineEdit>(dialog, field);
         ASSERT_NE(edit, nullptr) << field;

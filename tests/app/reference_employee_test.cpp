@@ -4,6 +4,7 @@
 #include "app/reference/qualification_window.h"
 #include "reference_fake_context.h"
 #include "store/access.h"
+#include "support/table_rows.h"
 
 #include <QCalendarWidget>
 #include <QComboBox>
@@ -35,8 +36,7 @@ protected:
     long addPerson(const std::string& last, const std::string& first) {
         store::InsertRecs(s(), "insert into person (lname,fname,primpos,active) values(?,?,?,?)",
                           {last, first, "Cook", true});
-        return static_cast<long>(
-            store::GetRecs(s(), "select * from person where lname=? and fname=?", {last, first})["personid"].toLong());
+        return lastId(s(), "person", "personid");
     }
 
     std::string houravail(long id, const char* day) {
@@ -212,12 +212,6 @@ TEST_F(ReferenceEmployeeTest, MenuDeleteAsksForTheCurrentEmployeeAndTheListFollo
     EXPECT_EQ(grid->rowCount(), 1);
     EXPECT_EQ(context->employeeChanges, 1);
 }
-
-}  // namespace
-}  // namespace tallymere::testing
-
-namespace tallymere::testing {
-namespace {
 
 TEST_F(ReferenceEmployeeTest, QualificationSkillFieldAndSliderFollowEachOtherAndOkSavesTheLevel) {
     store::InsertRecs(s(), "insert into position (title) values('Server')");

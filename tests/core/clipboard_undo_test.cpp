@@ -1,7 +1,7 @@
 #include "schedule/clipboard.h"
 #include "schedule/undo.h"
 
-#include "support/schedule_test.h"
+#include "bulk_schedule_fixture.h"
 
 #include <optional>
 #include <string>
@@ -13,23 +13,11 @@ namespace {
 using common::Date;
 using common::DateTime;
 using schedule::Selection;
-using Texts = std::vector<std::string>;
 
 const Date kMon = Date::fromYmd(2026, 11, 23);
 const Date kTue = kMon.addDays(1);
 const Date kWed = kMon.addDays(2);
 const Date kFri = kMon.addDays(4);
-
-class FakeUndoMenu : public common::UndoMenu {
-public:
-    void showUndo(std::string_view c) override {
-        visible = true;
-        caption = c;
-    }
-    void hideUndo() override { visible = false; }
-    bool visible = false;
-    std::string caption;
-};
 
 class RecordingListener : public schedule::DeleteListener {
 public:
@@ -93,7 +81,7 @@ protected:
         schedule::PasteEntries(s());
     }
 
-    FakeUndoMenu menu;
+    RecordingUndoMenu menu;
 };
 
 // --- Copy and paste

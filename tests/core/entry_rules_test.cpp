@@ -218,7 +218,6 @@ TEST_F(EntryRulesTest, AvailabilityKeepsItsBoundsAsTheyStand) {
         {"a restricted day hides the next", withN({1}), allN, at(0, 22), at(1, 2), true},
         {"03:30 end, position 4 off", std::nullopt, withN({4}), at(0, 22), at(1, 3, 30), true},
         {"03:30 end, position 3 off", std::nullopt, withN({3}), at(0, 22), at(1, 3, 30), false},
-        {"03:30 end, position 2 off", std::nullopt, withN({2}), at(0, 22), at(1, 3, 30), false},
         {"clock times alone on one date", std::nullopt, withN({2}), at(0, 22), at(0, 2), false},
         {"23 hours ending in a later hour is no overnight", std::nullopt, allN, at(0, 9), at(1, 10), true},
         {"a short row is read as far as it goes", std::string("YYYYYYYYYN"), std::nullopt, at(0, 9), at(0, 17), false},

@@ -1,7 +1,6 @@
 // Starts Tallymere: the ports on Qt, one session, the main window with every subsystem's windows,
 // then the start itself, which finds the data folder, opens the database and asks the password.
 
-#include "app/autosched/autosched_dialogs.h"
 #include "app/common/qsettings_user_settings.h"
 #include "app/common/qt_locale.h"
 #include "app/common/qt_platform.h"
@@ -34,10 +33,7 @@ int main(int argc, char** argv) {
 
     app::MainWindow window(session, ui);
     application.setWindowIcon(window.windowIcon());
-    app::registerMaintenanceWindows(window);
-    app::registerReferenceWindows(window);
-    app::registerScheduleWindows(window);
-    app::registerAutoschedWindows(window);
+    app::registerAllWindows(window);
 
     try {
         if (!window.mainForm().Load()) return 0;

@@ -9,6 +9,8 @@ std::vector<Command> allCommands() {
     addAutoschedCommands(commands);
     addScheduleCommands(commands);
     addExportCommands(commands);
+    addStaffingCommands(commands);
+    addPayrollCommands(commands);
     return commands;
 }
 

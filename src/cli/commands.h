@@ -13,6 +13,8 @@ namespace tallymere::cli {
 void addAutoschedCommands(std::vector<Command>& commands);
 void addScheduleCommands(std::vector<Command>& commands);
 void addExportCommands(std::vector<Command>& commands);
+void addStaffingCommands(std::vector<Command>& commands);
+void addPayrollCommands(std::vector<Command>& commands);
 
 // Options most commands take.
 OptionSpec dateOption(std::string name, std::string help, bool required = false);

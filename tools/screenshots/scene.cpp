@@ -56,8 +56,7 @@ Scene::~Scene() {
 app::MainWindow& Scene::window() {
     if (!window_) {
         window_ = std::make_unique<app::MainWindow>(*session_, qtUi_);
-        app::registerReferenceWindows(*window_);
-        app::registerScheduleWindows(*window_);
+        app::registerAllWindows(*window_);
     }
     return *window_;
 }

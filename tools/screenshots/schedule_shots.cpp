@@ -9,6 +9,7 @@
 #include "store/access.h"
 
 #include <QApplication>
+#include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QTreeWidget>
 #include <cstdio>
@@ -112,6 +113,19 @@ public:
         scene_.saveDialog(&defaults, "DefaultSave");
         app::ExportDataDialog exportData(s(), &window);
         scene_.saveDialog(&exportData, "ExportData");
+
+        // Staffing: each window opened by its command, maximized, as the user sees it.
+        for (const char* command :
+             {"mnusetstaffinglevels", "mnucheckstaffinglevels", "mnuChkSchedConflict", "mnuFindAvailableEmployees"}) {
+            window.runCommand(command);
+            QApplication::processEvents();
+            if (QMdiSubWindow* sub = window.mdiArea()->activeSubWindow()) {
+                sub->showMaximized();
+                QApplication::processEvents();
+                save(&window, command);
+                sub->close();
+            }
+        }
     }
 
 private:

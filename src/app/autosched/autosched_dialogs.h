@@ -136,7 +136,4 @@ private:
     autosched::FirstUseMessage& model_;
 };
 
-// The commands and the modal windows of the automatic scheduler.
-void registerAutoschedWindows(AppContext& context);
-
 }  // namespace tallymere::app

@@ -87,5 +87,10 @@ public:
 void registerMaintenanceWindows(AppContext& context);
 void registerReferenceWindows(AppContext& context);
 void registerScheduleWindows(AppContext& context);
+void registerAutoschedWindows(AppContext& context);
+void registerStaffingWindows(AppContext& context);
+void registerPayrollWindows(AppContext& context);
+// Every subsystem's windows and commands, as the program runs with them.
+void registerAllWindows(AppContext& context);
 
 }  // namespace tallymere::app

@@ -163,6 +163,4 @@ private:
     ViewGuard guard_{this};
 };
 
-void registerStaffingWindows(AppContext& context);
-
 }  // namespace tallymere::app

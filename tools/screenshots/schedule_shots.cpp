@@ -114,9 +114,10 @@ public:
         app::ExportDataDialog exportData(s(), &window);
         scene_.saveDialog(&exportData, "ExportData");
 
-        // Staffing: each window opened by its command, maximized, as the user sees it.
-        for (const char* command :
-             {"mnusetstaffinglevels", "mnucheckstaffinglevels", "mnuChkSchedConflict", "mnuFindAvailableEmployees"}) {
+        // Staffing and payroll: each window opened by its command, maximized, as the user sees it.
+        for (const char* command : {"mnusetstaffinglevels", "mnucheckstaffinglevels", "mnuChkSchedConflict",
+                                    "mnuFindAvailableEmployees", "mnupayrollestimator", "mnuPayrollwithOvertime",
+                                    "mnuweeklypayroll", "MnuPayrollwithSales", "mnuemployeehoursshifts"}) {
             window.runCommand(command);
             QApplication::processEvents();
             if (QMdiSubWindow* sub = window.mdiArea()->activeSubWindow()) {

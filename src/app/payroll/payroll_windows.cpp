@@ -140,6 +140,8 @@ void PayListWindow::showList() {
             if (c > 0) item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
             list_->setItem(static_cast<int>(r), static_cast<int>(c), item);
         }
+    // Money and captions such as "Labor as % of Sales" are read whole, never cut.
+    list_->resizeColumnsToContents();
     auto* header = list_->horizontalHeader();
     header->setSortIndicatorShown(l.sortColumn > 0);
     if (l.sortColumn > 0)

@@ -50,13 +50,19 @@ QBoxLayout* outputButtons(QWidget* view, common::Session& s, const char* printNa
     return row;
 }
 
-QIcon markIcon(QWidget* w, int picture) {
-    switch (picture) {
-    case 2:
-    case 4: return w->style()->standardIcon(QStyle::SP_DialogApplyButton);
-    case 3: return w->style()->standardIcon(QStyle::SP_ArrowUp);
-    default: return w->style()->standardIcon(QStyle::SP_MessageBoxWarning);
+// The analysis marks: equal, over (up) and under (down) staffed each look different.
+QIcon levelIcon(QWidget* w, staffing::LevelMark mark) {
+    switch (mark) {
+    case staffing::LevelMark::Equal: return w->style()->standardIcon(QStyle::SP_DialogApplyButton);
+    case staffing::LevelMark::Over: return w->style()->standardIcon(QStyle::SP_ArrowUp);
+    case staffing::LevelMark::Under: return w->style()->standardIcon(QStyle::SP_ArrowDown);
     }
+    return {};
+}
+
+// The available list's pictures: 4 available, anything else (9) unavailable.
+QIcon availabilityIcon(QWidget* w, int picture) {
+    return w->style()->standardIcon(picture == 4 ? QStyle::SP_DialogApplyButton : QStyle::SP_MessageBoxWarning);
 }
 
 }  // namespace
@@ -96,7 +102,7 @@ AnalyzeLevelsWindow::AnalyzeLevelsWindow(AppContext& context, QWidget* parent)
     auto* legend = new QListWidget(legendFrame);
     legend->setObjectName(QStringLiteral("legend"));
     for (const auto& item : model_.legend)
-        legend->addItem(new QListWidgetItem(markIcon(this, static_cast<int>(item.picture)), qs(item.text)));
+        legend->addItem(new QListWidgetItem(levelIcon(this, item.picture), qs(item.text)));
     (new QVBoxLayout(legendFrame))->addWidget(legend);
 
     auto* close = makeButton(this, "Command2", tr("Close"));
@@ -141,7 +147,7 @@ void AnalyzeLevelsWindow::display() {
     fillGrid(list_, rows, -1);
     for (int r = 0; r < static_cast<int>(model_.Bblistview1.size()); ++r) {
         const auto mark = model_.Bblistview1[static_cast<std::size_t>(r)].picture;
-        list_->item(r, 0)->setIcon(markIcon(this, static_cast<int>(mark)));
+        list_->item(r, 0)->setIcon(levelIcon(this, mark));
         list_->item(r, 0)->setToolTip(qs(staffing::analyzelevels::markText(mark)));
     }
 }
@@ -364,7 +370,7 @@ void ReportAvailableWindow::display() {
     const QIcon warn = style()->standardIcon(QStyle::SP_MessageBoxWarning);
     for (int r = 0; r < static_cast<int>(model_.bblistview1.size()); ++r) {
         const auto& row = model_.bblistview1[static_cast<std::size_t>(r)];
-        list_->item(r, 0)->setIcon(markIcon(this, row.picture));
+        list_->item(r, 0)->setIcon(availabilityIcon(this, row.picture));
         if (!row.conflict.empty()) list_->item(r, 4)->setIcon(warn);
         if (!row.reqoff.empty()) list_->item(r, 6)->setIcon(warn);
         if (!row.leave.empty()) list_->item(r, 7)->setIcon(warn);

@@ -63,25 +63,25 @@ std::string takeValue(const Word& w, const std::vector<std::string>& args, std::
     return args[++i];
 }
 
-std::string checkedValue(const OptionSpec& spec, const std::string& value) {
-    switch (spec.kind) {
+std::string checkedValue(const OptionSpec& option, const std::string& value) {
+    switch (option.kind) {
     case ValueKind::Date:
         if (!parseDateArgument(value))
-            throw usage(spec.name + " " + value + " is not a date: write it as YYYY-MM-DD, e.g. 2026-11-23.");
+            throw usage(option.name + " " + value + " is not a date: write it as YYYY-MM-DD, e.g. 2026-11-23.");
         return value;
     case ValueKind::WholeNumber: {
         const std::string_view digits = !value.empty() && value[0] == '-' ? std::string_view(value).substr(1) : value;
-        if (!allDigits(digits) || digits.size() > 9) throw usage(spec.name + " " + value + " is not a whole number.");
+        if (!allDigits(digits) || digits.size() > 9) throw usage(option.name + " " + value + " is not a whole number.");
         return value;
     }
     case ValueKind::Choice:
-        for (const std::string& c : spec.choices)
+        for (const std::string& c : option.choices)
             if (common::equalsNoCase(c, value)) return c;
         {
             std::string list;
-            for (std::size_t k = 0; k < spec.choices.size(); ++k)
-                list += (k == 0 ? "" : k + 1 == spec.choices.size() ? " or " : ", ") + spec.choices[k];
-            throw usage(spec.name + " " + value + ": choose " + list + ".");
+            for (std::size_t k = 0; k < option.choices.size(); ++k)
+                list += (k == 0 ? "" : k + 1 == option.choices.size() ? " or " : ", ") + option.choices[k];
+            throw usage(option.name + " " + value + ": choose " + list + ".");
         }
     case ValueKind::Text:
     case ValueKind::None: break;
@@ -270,15 +270,15 @@ CommandLine parseCommandLine(const std::vector<std::string>& args, const std::ve
     for (; i < rest.size(); ++i) {
         const Word w = splitWord(rest[i]);
         if (!isOption(w.text)) throw usage(name + " does not take '" + rest[i] + "'. " + seeHelp(name));
-        const auto spec = std::find_if(cl.command->options.begin(), cl.command->options.end(),
-                                       [&](const OptionSpec& o) { return o.name == w.text; });
-        if (spec == cl.command->options.end())
+        const auto option = std::find_if(cl.command->options.begin(), cl.command->options.end(),
+                                         [&](const OptionSpec& o) { return o.name == w.text; });
+        if (option == cl.command->options.end())
             throw usage("Unknown option " + w.text + " for " + name + ". " + seeHelp(name));
-        if (spec->kind == ValueKind::None) {
+        if (option->kind == ValueKind::None) {
             if (w.inlineValue) throw usage(w.text + " takes no value.");
-            cl.options.set(spec->name, "");
+            cl.options.set(option->name, "");
         } else {
-            cl.options.set(spec->name, checkedValue(*spec, takeValue(w, rest, i, spec->valueName())));
+            cl.options.set(option->name, checkedValue(*option, takeValue(w, rest, i, option->valueName())));
         }
     }
     for (const OptionSpec& o : cl.command->options)

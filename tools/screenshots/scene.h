@@ -50,6 +50,7 @@ public:
     // The main window with every subsystem's windows, made on first use (after the data is in).
     app::MainWindow& window();
     QString dataFolder() const { return data_.path(); }
+    QString outFolder() const { return out_; }
 
     // Saves the widget, as shown now, as <name>.png.
     void save(QWidget* w, const QString& name);

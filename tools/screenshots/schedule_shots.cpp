@@ -1,9 +1,11 @@
 #include "app/autosched/autosched_dialogs.h"
 #include "app/maintenance/export_data_dialog.h"
+#include "app/render/qt_printer.h"
 #include "app/schedule/copy_schedule_dialogs.h"
 #include "app/schedule/daily_entry_dialog.h"
 #include "app/schedule/daily_schedule_window.h"
 #include "app/schedule/default_save_dialog.h"
+#include "app/shell/output_window.h"
 #include "reference/position_windows.h"
 #include "scene.h"
 #include "store/access.h"
@@ -46,6 +48,14 @@ public:
         }
         daily->parentWidget()->showMaximized();
         QApplication::processEvents();
+        // The day as it prints, to PDF: turn it into pictures with pdftoppm to look at it.
+        {
+            app::render::QtPrinter printer(&window);
+            reports::ReportOutput out;
+            out.exportPdf = true;
+            out.pdfFile = (scene_.outFolder() + QStringLiteral("/daily-print.pdf")).toStdString();
+            static_cast<app::OutputWindow*>(daily)->printReport(printer, out);
+        }
         auto* list = daily->findChild<QTreeWidget*>(QStringLiteral("lstlist"));
         list->setCurrentItem(list->topLevelItem(1));
         save(&scene_.window(), "daily-busy-day");

@@ -6,6 +6,7 @@
 #include "app/render/render_fonts.h"
 #include "reports/list_print.h"
 #include "reports/report_error.h"
+#include "reports/rtf_writer.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
@@ -166,10 +167,14 @@ bool PayListWindow::saveCsv() {
 }
 
 void PayListWindow::print() {
+    render::QtPrinter printer(context_.mainWindow());
+    printReport(printer, {});
+}
+
+void PayListWindow::printReport(reports::Printer& printer, const reports::ReportOutput& out) {
     render::QtFontMetrics metrics;
     reports::Surface vpmain(metrics);
-    render::QtPrinter printer(context_.mainWindow());
-    reports::PrintListGrid(context_.session(), vpmain, printer, list().grid(), printTitle(), {});
+    reports::PrintListGrid(context_.session(), vpmain, printer, list().grid(), printTitle(), out);
 }
 
 void PayListWindow::preview() {
@@ -512,6 +517,22 @@ void WeeklyPayrollWindow::refresh() {
     reports::Surface vp(metrics);
     if (model_->refreshbutton_Click(&vp)) vp_->setDocument(vp.document());
     start_->setDate(toQDate(model_->StartDate));
+}
+
+void WeeklyPayrollWindow::printReport(reports::Printer& printer, const reports::ReportOutput& out) {
+    // Composed again as the last refresh left the model, on a surface of its own.
+    render::QtFontMetrics metrics;
+    reports::Surface vp(metrics);
+    if (!model_->refreshbutton_Click(&vp) || !vp.document()) return;
+    if (!out.exportRtf) {
+        reports::PrintSurface(context_.session(), vp, printer, out);
+        return;
+    }
+    try {
+        reports::writeRtfFile(*vp.document(), out.rtfFile);
+    } catch (const reports::ReportError& e) {
+        context_.session().ui().inform(std::string("Error creating Weekly Payroll Report. ") + e.what());
+    }
 }
 
 // --- AddSalesForm

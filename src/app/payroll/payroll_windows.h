@@ -4,6 +4,7 @@
 // Each owns its core model; the lists print and preview through the report engine and save as CSV.
 
 #include "app/shell/app_context.h"
+#include "app/shell/output_window.h"
 #include "payroll/hours_shifts.h"
 #include "payroll/payroll_estimator.h"
 #include "payroll/payroll_overtime.h"
@@ -31,7 +32,7 @@ class PreviewWidget;
 }
 
 // What a list window shares: its list, heading and total, and the print, preview and CSV buttons.
-class PayListWindow : public QWidget, public ChildWindow {
+class PayListWindow : public QWidget, public ChildWindow, public OutputWindow {
 public:
     QSize sizeHint() const override { return {640, 520}; }
     void refreshWindow() override { refresh(); }
@@ -41,6 +42,11 @@ public:
     bool saveCsv();
     void print();
     void preview();
+
+    // The main window's output commands: the same as the buttons, and RTF and PDF of the printed list.
+    void printReport(reports::Printer& printer, const reports::ReportOutput& out) override;
+    void previewReport() override { preview(); }
+    bool saveReportCsv() override { return saveCsv(); }
 
 protected:
     PayListWindow(AppContext& context, const char* windowName, const char* caption, const char* listName);
@@ -142,7 +148,7 @@ private:
     QComboBox* people_;
 };
 
-class WeeklyPayrollWindow : public QWidget, public ChildWindow {
+class WeeklyPayrollWindow : public QWidget, public ChildWindow, public OutputWindow {
 public:
     explicit WeeklyPayrollWindow(AppContext& context);
     ~WeeklyPayrollWindow() override;
@@ -150,6 +156,10 @@ public:
     QSize sizeHint() const override { return {820, 700}; }
     void refreshWindow() override { refresh(); }
     void refresh();
+
+    // The document as composed: printed, written as RTF or PDF. Its preview is the window itself.
+    void printReport(reports::Printer& printer, const reports::ReportOutput& out) override;
+    void previewReport() override {}
 
 private:
     AppContext& context_;

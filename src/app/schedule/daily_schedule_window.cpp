@@ -3,6 +3,7 @@
 #include "app/common/qt_ui.h"
 #include "app/common/window_place.h"
 #include "app/reference/reference_windows.h"
+#include "app/render/qt_printer.h"
 #include "app/schedule/daily_entry_dialog.h"
 #include "app/schedule/employee_pictures.h"
 #include "common/session.h"
@@ -100,10 +101,11 @@ DailyScheduleWindow::DailyScheduleWindow(AppContext& context, QWidget* parent)
     auto* refresh = makeButton(this, "Command4", tr("&Refresh"));
     auto* preview = makeButton(this, "PreviewButton", tr("Pre&view"));
     auto* print = makeButton(this, "PrintButton", tr("&Print"));
-    for (QPushButton* b : {preview, print}) {
-        b->setEnabled(false);
-        b->setToolTip(tr("Printing comes with the reports."));
-    }
+    connect(preview, &QPushButton::clicked, this, [this] { previewReport(); });
+    connect(print, &QPushButton::clicked, this, [this] {
+        render::QtPrinter printer(context_.mainWindow());
+        printReport(printer, {});
+    });
     connect(add, &QPushButton::clicked, this, [this] { addFromQuickBar(); });
     connect(edit, &QPushButton::clicked, this, [this] { editEntry(false); });
     connect(remove, &QPushButton::clicked, this, [this] { deleteEntries(); });

@@ -6,6 +6,7 @@
 
 #include "app/common/widget_support.h"
 #include "app/shell/app_context.h"
+#include "app/shell/output_window.h"
 #include "schedule/daily_schedule.h"
 
 #include <QWidget>
@@ -22,8 +23,12 @@ class QTreeWidget;
 
 namespace tallymere::app {
 
-class DailyScheduleWindow : public QWidget, public ChildWindow {
+class DailyScheduleWindow : public QWidget, public ChildWindow, public OutputWindow {
 public:
+    // The day on paper: printed, exported or written as PDF on the main window's surface; the
+    // preview is a small window of its own.
+    void printReport(reports::Printer& printer, const reports::ReportOutput& out) override;
+    void previewReport() override;
     // The type of what lstlist drags: the employee's row in the list.
     static constexpr const char* kEmployeeMimeType = "application/x-tallymere-employee-row";
 

@@ -78,6 +78,7 @@ MainWindow::MainWindow(common::Session& session, QtUi& ui, QWidget* parent)
     connect(mdiArea_, &QMdiArea::subWindowActivated, this, &MainWindow::childActivated);
 
     registerShellCommands();
+    registerOutputCommands();
     ui_.registerModal("firstrun", [this] {
         FirstRunDialog dialog(this);
         dialog.exec();

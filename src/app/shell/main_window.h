@@ -5,6 +5,7 @@
 // name to the handler registered for it, and tells the model which child window is active.
 
 #include "app/shell/app_context.h"
+#include "reports/output.h"
 #include "shell/main_form.h"
 
 #include <QMainWindow>
@@ -29,6 +30,7 @@ class Session;
 namespace tallymere::app {
 
 class DateNavigator;
+class OutputWindow;
 class QtUi;
 class QuickBar;
 
@@ -54,6 +56,8 @@ public:
     void restorePlace();
     // The window name of the active child, empty when none.
     QString activeChildName() const;
+    // What the output commands print on: the system's printers, or the given one (tests); not owned.
+    void setPrinter(reports::Printer* printer) { printer_ = printer; }
 
     // --- AppContext
     common::Session& session() override { return session_; }
@@ -98,6 +102,11 @@ private:
     void buildToolbar();
     void runToolbarButton(const std::string& key, const std::string& command);
     void registerShellCommands();
+    void registerOutputCommands();
+    // The active child when the output commands reach it, else null.
+    OutputWindow* outputWindow() const;
+    void outputCommand(const std::string& menuName);
+    void withPrinter(const std::function<void(reports::Printer&)>& use);
     void fillWindowMenu();
     void childActivated(QMdiSubWindow* window);
     void resetForm();
@@ -126,6 +135,7 @@ private:
     // The entries of the Window menu's list of open windows, rebuilt as it opens.
     std::vector<QAction*> windowListActions_;
     QPointer<QMdiSubWindow> activeChild_;
+    reports::Printer* printer_ = nullptr;
 };
 
 }  // namespace tallymere::app

@@ -54,4 +54,25 @@ bool saveListCsv(common::Session& s, const reports::ListGrid& list, const std::s
     return true;
 }
 
+void ListOutputWindow::setListOutput(QWidget* view, common::Session& s, std::function<reports::ListGrid()> grid,
+                                     std::function<std::string()> title) {
+    view_ = view;
+    session_ = &s;
+    grid_ = std::move(grid);
+    title_ = std::move(title);
+}
+
+void ListOutputWindow::printReport(reports::Printer& printer, const reports::ReportOutput& out) {
+    if (!session_) return;
+    render::QtFontMetrics metrics;
+    reports::Surface vpmain(metrics);
+    reports::PrintListGrid(*session_, vpmain, printer, grid_(), title_(), out);
+}
+
+void ListOutputWindow::previewReport() {
+    if (session_) previewList(*session_, view_, grid_(), title_());
+}
+
+bool ListOutputWindow::saveReportCsv() { return session_ && saveListCsv(*session_, grid_(), title_() + ".csv"); }
+
 }  // namespace tallymere::app

@@ -50,6 +50,14 @@ QBoxLayout* outputButtons(QWidget* view, common::Session& s, const char* printNa
     return row;
 }
 
+// The same buttons on a window that the main window's output commands reach too.
+QBoxLayout* outputButtons(ListOutputWindow& window, QWidget* view, common::Session& s, const char* printName,
+                          std::function<reports::ListGrid()> grid, std::function<std::string()> title,
+                          std::initializer_list<QPushButton*> more) {
+    window.setListOutput(view, s, grid, title);
+    return outputButtons(view, s, printName, std::move(grid), std::move(title), more);
+}
+
 // The analysis marks: equal, over (up) and under (down) staffed each look different.
 QIcon levelIcon(QWidget* w, staffing::LevelMark mark) {
     switch (mark) {
@@ -109,7 +117,7 @@ AnalyzeLevelsWindow::AnalyzeLevelsWindow(AppContext& context, QWidget* parent)
     connect(close, &QPushButton::clicked, this, [this] { closeChildWindow(this); });
     common::Session& s = context.session();
     auto* buttons = outputButtons(
-        this, s, "PrintButton", [this] { return model_.listGrid(); }, [this] { return model_.Label4; }, {close});
+        *this, this, s, "PrintButton", [this] { return model_.listGrid(); }, [this] { return model_.Label4; }, {close});
 
     auto* top = new QHBoxLayout;
     top->addWidget(dayFrame);
@@ -208,8 +216,8 @@ CheckConflictsWindow::CheckConflictsWindow(AppContext& context, QWidget* parent)
     layout->addWidget(grid_, 1);
     layout->addWidget(label2_);
     layout->addLayout(outputButtons(
-        this, context.session(), "printbutton", [this] { return model_.listGrid(); }, [this] { return model_.Label1; },
-        {close}));
+        *this, this, context.session(), "printbutton", [this] { return model_.listGrid(); },
+        [this] { return model_.Label1; }, {close}));
     display();
 }
 
@@ -337,7 +345,7 @@ ReportAvailableWindow::ReportAvailableWindow(AppContext& context, QWidget* paren
     layout->addLayout(fields);
     layout->addWidget(list_, 1);
     layout->addLayout(outputButtons(
-        this, context.session(), "PrintButton", [this] { return model_.listGrid(); },
+        *this, this, context.session(), "PrintButton", [this] { return model_.listGrid(); },
         [this] { return model_.printTitle(); }, {close}));
     display();
 }

@@ -5,6 +5,7 @@
 
 #include "app/common/widget_support.h"
 #include "app/shell/app_context.h"
+#include "app/staffing/list_output.h"
 #include "staffing/analyze_levels.h"
 #include "staffing/check_conflicts.h"
 #include "staffing/report_available.h"
@@ -72,7 +73,7 @@ private:
     ViewGuard guard_{this};
 };
 
-class AnalyzeLevelsWindow : public QWidget, public ChildWindow {
+class AnalyzeLevelsWindow : public QWidget, public ChildWindow, public ListOutputWindow {
 public:
     explicit AnalyzeLevelsWindow(AppContext& context, QWidget* parent = nullptr);
     ~AnalyzeLevelsWindow() override;
@@ -94,7 +95,7 @@ private:
     ViewGuard guard_{this};
 };
 
-class CheckConflictsWindow : public QWidget, public ChildWindow {
+class CheckConflictsWindow : public QWidget, public ChildWindow, public ListOutputWindow {
 public:
     explicit CheckConflictsWindow(AppContext& context, QWidget* parent = nullptr);
     ~CheckConflictsWindow() override;
@@ -139,7 +140,7 @@ private:
     ViewGuard guard_{this};
 };
 
-class ReportAvailableWindow : public QWidget, public ChildWindow {
+class ReportAvailableWindow : public QWidget, public ChildWindow, public ListOutputWindow {
 public:
     explicit ReportAvailableWindow(AppContext& context, QWidget* parent = nullptr);
     ~ReportAvailableWindow() override;

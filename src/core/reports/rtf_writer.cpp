@@ -132,6 +132,7 @@ private:
                     for (int c = 1; c <= tb.Cols(); ++c) {
                         addFont(tb.cellFont(r, c).name);
                         if (const auto bg = tb.backColor(r, c)) addColor(*bg);
+                        if (const auto fg = tb.foreColor(r, c)) addColor(*fg);
                     }
             }
         }
@@ -211,8 +212,11 @@ private:
                 out_ += "\\cellx" + std::to_string(right) + "\n";
             }
             for (int c = 1; c <= t.Cols(); ++c) {
+                const auto fg = t.foreColor(r, c);
                 out_ += std::string("\\pard\\plain\\intbl") + alignWord(t.cellAlign(r, c)) + "{" +
-                        fontWords(t.cellFont(r, c)) + " " + rtfEscape(t.text(r, c)) + "}\\cell\n";
+                        fontWords(t.cellFont(r, c)) +
+                        (fg ? "\\cf" + std::to_string(colorIndex_.at(fg->stored())) : "") + " " +
+                        rtfEscape(t.text(r, c)) + "}\\cell\n";
             }
             out_ += "\\row\n";
         }

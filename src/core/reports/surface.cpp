@@ -12,6 +12,7 @@ struct Surface::RowLayout {
     struct CellLines {
         std::vector<std::string> lines;
         Font font;
+        std::optional<Color> color;
         int lineHeight = 0;
         Align align = Align::Left;
     };
@@ -349,6 +350,7 @@ Surface::RowLayout Surface::measureRow(const Table& t, int row, const std::vecto
     for (int c = 1; c <= t.Cols(); ++c) {
         RowLayout::CellLines cell;
         cell.font = t.cellFont(row, c);
+        cell.color = t.foreColor(row, c);
         cell.lineHeight = lineHeight(cell.font);
         cell.align = t.cellAlign(row, c);
         const int inner = std::max(1, widths[static_cast<std::size_t>(c - 1)] - 2 * kCellMarginX);
@@ -379,7 +381,9 @@ void Surface::drawRow(const RowLayout& row, const std::vector<int>& widths, int 
             const int lx = cell.align == Align::Left    ? x + kCellMarginX
                            : cell.align == Align::Right ? x + w - kCellMarginX - lw
                                                         : x + kCellMarginX + (inner - lw) / 2;
-            if (!line.empty()) p.items.push_back(TextItem{lx, y, lw, cell.lineHeight, cell.font, textColor_, line});
+            if (!line.empty())
+                p.items.push_back(
+                    TextItem{lx, y, lw, cell.lineHeight, cell.font, cell.color.value_or(textColor_), line});
             y += cell.lineHeight;
             ++k;
             first = false;

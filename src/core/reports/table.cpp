@@ -98,6 +98,9 @@ void Table::forRange(const CellRange& r, F f) {
 void Table::setBackColor(const CellRange& r, std::optional<Color> color) {
     forRange(r, [&](Cell& c) { c.backColor = color; });
 }
+void Table::setForeColor(const CellRange& r, std::optional<Color> color) {
+    forRange(r, [&](Cell& c) { c.foreColor = color; });
+}
 void Table::setFontName(const CellRange& r, const std::string& name) {
     forRange(r, [&](Cell& c) { c.fontName = name; });
 }
@@ -125,6 +128,7 @@ void Table::setRowPadding(int row1, int row2, int twips) {
 }
 
 std::optional<Color> Table::backColor(int row, int col) const { return at(row, col).backColor; }
+std::optional<Color> Table::foreColor(int row, int col) const { return at(row, col).foreColor; }
 
 Font Table::cellFont(int row, int col) const {
     const Cell& c = at(row, col);

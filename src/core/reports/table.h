@@ -30,6 +30,11 @@ struct Color {
 constexpr Color rgb(int r, int g, int b) {
     return {static_cast<std::uint8_t>(r), static_cast<std::uint8_t>(g), static_cast<std::uint8_t>(b)};
 }
+// Black or white, whichever reads better on `background`.
+constexpr Color readableOn(Color background) {
+    const int luminance = 299 * background.r + 587 * background.g + 114 * background.b;
+    return luminance < 140'000 ? rgb(255, 255, 255) : rgb(0, 0, 0);
+}
 inline constexpr Color kBlack = rgb(0, 0, 0);
 
 // The cells between two corners, both included.
@@ -67,6 +72,8 @@ public:
 
     // Formats of a range of cells.
     void setBackColor(const CellRange& r, std::optional<Color> color);
+    // The cells' text colour; without one, the surface's.
+    void setForeColor(const CellRange& r, std::optional<Color> color);
     void setFontName(const CellRange& r, const std::string& name);
     void setFontSize(const CellRange& r, double size);
     void setFontBold(const CellRange& r, bool bold);
@@ -83,6 +90,7 @@ public:
     static CellRange cell(int r, int c) { return {r, c, r, c}; }
 
     std::optional<Color> backColor(int row, int col) const;
+    std::optional<Color> foreColor(int row, int col) const;
     Font cellFont(int row, int col) const;
     Align cellAlign(int row, int col) const;
     int rowMinHeight(int row) const { return rows_.at(checkRow(row)).minHeight; }
@@ -93,6 +101,7 @@ private:
     struct Cell {
         std::string text;
         std::optional<Color> backColor;
+        std::optional<Color> foreColor;
         std::optional<std::string> fontName;
         std::optional<double> fontSize;
         std::optional<bool> bold;

@@ -6,6 +6,7 @@
 #include "maintenance/access_control.h"
 #include "reports/page_setup.h"
 #include "shell/menus.h"
+#include "shell/output_routing.h"
 #include "store/access.h"
 #include "store/database.h"
 #include "store/online_backup.h"
@@ -188,6 +189,7 @@ void MainForm::MenuSetupFormActivation(std::string_view windowName) {
         for (std::string_view name : rule->on)
             if (name != "mnuSaveToPDF" || pdfOutputReady_) state(name).enabled = true;
     }
+    state("mnuSaveAsCsv").enabled = savesListCsv(windowName);
     changed();
 }
 

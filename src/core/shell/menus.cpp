@@ -39,6 +39,8 @@ const Row kMenuRows[] = {
     {"mnuprintreport", "&Print...", "mnuFile"},
     {"mnuExportReportRtf", "Export to RTF...", "mnuFile"},
     {"mnuSaveToPDF", "Save to PDF...", "mnuFile"},
+    // Asked for by the accountants: a list window's grid as CSV, as its own button saves it.
+    {"mnuSaveAsCsv", "Save As CSV...", "mnuFile"},
     {"mnuExportScheduleData", "Export Schedule Data...", "mnuFile", false, kSep},
     {"mnupreferences", "Pre&ferences...", "mnuFile", false, kSep},
     {"mnuFExit", "E&xit", "mnuFile", false, kSep},
@@ -267,7 +269,8 @@ const DateFormatEntry* findDateFormat(std::string_view menuName) {
 
 const std::vector<std::string_view>& outputCommands() {
     static const std::vector<std::string_view> list = {"mnuprintreport", "MnuSelectReportFont", "mnuExportReportRtf",
-                                                       "mnuSaveToPDF",   "mnuReportConfig",     "mnuPrintPreview"};
+                                                       "mnuSaveToPDF",   "mnuReportConfig",     "mnuPrintPreview",
+                                                       "mnuSaveAsCsv"};
     return list;
 }
 

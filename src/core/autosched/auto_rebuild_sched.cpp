@@ -38,19 +38,8 @@ bool AutoRebuildSched::AutoRedoButton_Click() {
         counts = runPhases(RunKind::Rebuild, stopped);
         return !stopped;
     });
-    if (!kept) {
-        reload();
-        return true;
-    }
     // The snapshot stays whatever the outcome.
-    if (counts.total == 0) {
-        sayNothingToDo();
-        return true;
-    }
-    sayFinished(counts, true);
-    AutoPBar.Value = AutoPBar.Min;
-    showProgress();
-    reload();
+    finishRun(kept, counts, true);
     return true;
 }
 

@@ -20,20 +20,7 @@ bool AutoSched::OKButton_Click() {
         if (counts.remaining > 0 && counts.filled() == 0) schedule::ClearUndo(s_);
         return true;
     });
-    if (!kept) {
-        reload();
-        return true;
-    }
-    // The messages come once the run is committed, so that no lock on the file is held while the user
-    // reads them.
-    if (counts.total == 0) {
-        sayNothingToDo();
-        return true;
-    }
-    sayFinished(counts, false);
-    AutoPBar.Value = AutoPBar.Min;
-    showProgress();
-    reload();
+    finishRun(kept, counts, false);
     return true;
 }
 

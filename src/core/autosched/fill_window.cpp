@@ -81,6 +81,19 @@ void AutoFillWindow::sayNothingToDo() {
             "Automatic Schedule Builder");
 }
 
+void AutoFillWindow::finishRun(bool kept, const RunCounts& counts, bool singularRemaining) {
+    if (kept && counts.total == 0) {
+        sayNothingToDo();
+        return;
+    }
+    if (kept) {
+        sayFinished(counts, singularRemaining);
+        AutoPBar.Value = AutoPBar.Min;
+        showProgress();
+    }
+    reload();
+}
+
 void AutoFillWindow::sayFinished(const RunCounts& counts, bool singularRemaining) {
     std::string text = DayOption ? "For " + DayOptionLabel : "For the week of " + WeekOptionLabel;
     text += "\r\n\r\n";

@@ -68,6 +68,9 @@ protected:
     // The messages of the end of a run.
     void sayNothingToDo();
     void sayFinished(const RunCounts& counts, bool singularRemaining);
+    // After the run's transaction: its message once the file is free again (none when it was not kept),
+    // the bar back at its start and the window read again.
+    void finishRun(bool kept, const RunCounts& counts, bool singularRemaining);
     void showProgress() {
         if (onProgress) onProgress();
     }

@@ -9,6 +9,24 @@
 
 namespace tallymere::payroll {
 
+void PeriodChoice::dayoption_Click() {
+    dayoption = true;
+    weekoption = daterangeoption = false;
+    enddateEnabled = false;
+}
+
+void PeriodChoice::chooseWeek(std::string_view firstDayOfWeek) {
+    dayoption = daterangeoption = false;
+    weekoption = enddateEnabled = true;
+    startdate = common::weekStart(startdate, firstDayOfWeek);
+    enddate = startdate.addDays(6);
+}
+
+void PeriodChoice::daterangeoption_Click() {
+    dayoption = weekoption = false;
+    daterangeoption = enddateEnabled = true;
+}
+
 using common::Session;
 
 void PayList::ColumnClick(int column) {

@@ -23,6 +23,20 @@ struct PayrollFlags {
     bool CalcOvertimeFlag = false;
 };
 
+// The Day / Week / Date Range choice of the payroll windows with its two date pickers; Week moves the
+// pickers to the whole week of the start. The window passes the business's first day of the week.
+struct PeriodChoice {
+    bool dayoption = true;
+    bool weekoption = false;
+    bool daterangeoption = false;
+    common::Date startdate;
+    common::Date enddate;
+    bool enddateEnabled = false;
+    void dayoption_Click();
+    void chooseWeek(std::string_view firstDayOfWeek);
+    void daterangeoption_Click();
+};
+
 // One cell: the text the list shows and, for a figure, the number it stands for, which sorting
 // compares and CSV writes.
 struct PayCell {

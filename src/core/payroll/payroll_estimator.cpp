@@ -85,26 +85,6 @@ payrollestimator::payrollestimator(Session& s, PayrollFlags& flags) : s_(s), fla
     paylistview.columns = {"Name", "Hours", "Shifts", "Wages"};
 }
 
-void payrollestimator::dayoption_Click() {
-    dayoption = true;
-    weekoption = daterangeoption = false;
-    enddateEnabled = false;
-}
-
-void payrollestimator::weekoption_Click() {
-    dayoption = daterangeoption = false;
-    weekoption = true;
-    enddateEnabled = true;
-    startdate = common::weekStart(startdate, s_.settings.firstdayofweek);
-    enddate = startdate.addDays(6);
-}
-
-void payrollestimator::daterangeoption_Click() {
-    dayoption = weekoption = false;
-    daterangeoption = true;
-    enddateEnabled = true;
-}
-
 void payrollestimator::employeeOption_Click() {
     employeeOption = personcomboEnabled = true;
     positionOption = false;

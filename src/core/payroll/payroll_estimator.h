@@ -16,7 +16,7 @@ struct ComboItem {
     long personid = 0;
 };
 
-class payrollestimator {
+class payrollestimator : public PeriodChoice {
 public:
     static constexpr const char* kWindowName = "payrollestimator";
     static constexpr const char* kCaption = "Payroll Estimator";
@@ -25,16 +25,8 @@ public:
     static std::unique_ptr<payrollestimator> open(common::Session& s, PayrollFlags& flags);
     payrollestimator(common::Session& s, PayrollFlags& flags);
 
-    // Date options; `weekoption` moves the pickers to the whole week of the start.
-    bool dayoption = true;
-    bool weekoption = false;
-    bool daterangeoption = false;
-    common::Date startdate;
-    common::Date enddate;
-    bool enddateEnabled = false;
-    void dayoption_Click();
-    void weekoption_Click();
-    void daterangeoption_Click();
+    // The date options are the PeriodChoice base.
+    void weekoption_Click() { chooseWeek(s_.settings.firstdayofweek); }
 
     bool employeeOption = true;
     bool positionOption = false;

@@ -70,24 +70,6 @@ PayrollwithSales::PayrollwithSales(Session& s, PayrollFlags& flags) : s_(s), fla
     }
 }
 
-void PayrollwithSales::dayoption_Click() {
-    dayoption = true;
-    weekoption = daterangeoption = false;
-    enddateEnabled = false;
-}
-
-void PayrollwithSales::weekoption_Click() {
-    dayoption = daterangeoption = false;
-    weekoption = enddateEnabled = true;
-    startdate = common::weekStart(startdate, s_.settings.firstdayofweek);
-    enddate = startdate.addDays(6);
-}
-
-void PayrollwithSales::daterangeoption_Click() {
-    dayoption = weekoption = false;
-    daterangeoption = enddateEnabled = true;
-}
-
 void PayrollwithSales::Form_Unload() {
     s_.settings.gs_PaySalesRates = baseoption ? "Base" : "Employee";
     s_.settings.gb_PaySalesQuals = QualRateCheck;

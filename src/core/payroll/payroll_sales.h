@@ -13,7 +13,7 @@
 
 namespace tallymere::payroll {
 
-class PayrollwithSales {
+class PayrollwithSales : public PeriodChoice {
 public:
     static constexpr const char* kWindowName = "PayrollwithSales";
     static constexpr const char* kCaption = "Payroll with Sales";
@@ -21,15 +21,7 @@ public:
     static std::unique_ptr<PayrollwithSales> open(common::Session& s, PayrollFlags& flags);
     PayrollwithSales(common::Session& s, PayrollFlags& flags);
 
-    bool dayoption = true;
-    bool weekoption = false;
-    bool daterangeoption = false;
-    common::Date startdate;
-    common::Date enddate;
-    bool enddateEnabled = false;
-    void dayoption_Click();
-    void weekoption_Click();
-    void daterangeoption_Click();
+    void weekoption_Click() { chooseWeek(s_.settings.firstdayofweek); }
 
     bool primaryonlyoption = true;
     bool overrideoption = false;
